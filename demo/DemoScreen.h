@@ -1,0 +1,18 @@
+// One host screen of the demo application.
+#pragma once
+
+#include <QWidget>
+
+class DemoScreen : public QWidget
+{
+    Q_OBJECT
+
+public:
+    using QWidget::QWidget;
+    /// Title shown in the screen list.
+    virtual QString title() const = 0;
+    /// File-name stem of the screen's PNG.
+    virtual QString slug() const = 0;
+    /// Puts the screen in a state worth a screenshot (sample input, focus).
+    virtual void prepareScreenshot() {}
+};

@@ -1,0 +1,252 @@
+#include "platform/TextField.h"
+
+#include "platform/KeyCodes.h"
+#include "platform/LegacyColor.h"
+#include "platform/Twips.h"
+
+#include <QKeyEvent>
+#include <QProxyStyle>
+
+namespace Varnel_Controles {
+
+namespace {
+
+// Draws the field's own password character instead of the style's.
+class PasswordStyle : public QProxyStyle
+{
+public:
+    explicit PasswordStyle(QChar c) : m_char(c) {}
+    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                  QStyleHintReturn *returnData) const override
+    {
+        if (hint == SH_LineEdit_PasswordCharacter)
+            return m_char.unicode();
+        return QProxyStyle::styleHint(hint, option, widget, returnData);
+    }
+
+private:
+    QChar m_char;
+};
+
+} // namespace
+
+TextField::TextField(QWidget *parent)
+    : QLineEdit(parent)
+    , m_backColor(LegacyColor::WindowBackground)
+    , m_foreColor(LegacyColor::WindowText)
+{
+    setMaxLength(0);
+    connect(this, &QLineEdit::textChanged, this, [this] { emit Change(); });
+    applyColors();
+}
+
+void TextField::setBackColor(quint32 color)
+{
+    m_backColor = color;
+    applyColors();
+}
+
+void TextField::setForeColor(quint32 color)
+{
+    m_foreColor = color;
+    applyColors();
+}
+
+void TextField::applyColors()
+{
+    QPalette p = palette();
+    const QColor back = LegacyColor::toQColor(m_backColor);
+    const QColor fore = LegacyColor::toQColor(m_foreColor);
+    for (auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        p.setColor(group, QPalette::Base, back);
+        if (group != QPalette::Disabled)
+            p.setColor(group, QPalette::Text, fore);
+    }
+    setPalette(p);
+    update();
+}
+
+void TextField::setPasswordChar(const QString &character)
+{
+    m_passwordChar = character.left(1);
+    QStyle *previous = m_passwordStyle;
+    if (m_passwordChar.isEmpty()) {
+        m_passwordStyle = nullptr;
+        setStyle(nullptr);
+        setEchoMode(QLineEdit::Normal);
+    } else {
+        m_passwordStyle = new PasswordStyle(m_passwordChar.at(0));
+        m_passwordStyle->setParent(this);
+        setStyle(m_passwordStyle);
+        setEchoMode(QLineEdit::Password);
+    }
+    delete previous;
+}
+
+void TextField::setAppearance(qint16 value)
+{
+    m_appearance = value;
+    applyFrame();
+}
+
+void TextField::setBorderStyle(qint16 value)
+{
+    m_borderStyle = value;
+    applyFrame();
+}
+
+void TextField::applyFrame()
+{
+    setFrame(m_borderStyle != 0);
+}
+
+qint16 TextField::Alignment() const
+{
+    const Qt::Alignment a = alignment() & Qt::AlignHorizontal_Mask;
+    if (a & Qt::AlignRight) return 1;
+    if (a & Qt::AlignHCenter) return 2;
+    return 0;
+}
+
+void TextField::setAlignment(qint16 value)
+{
+    const Qt::Alignment h = value == 1 ? Qt::AlignRight : value == 2 ? Qt::AlignHCenter : Qt::AlignLeft;
+    QLineEdit::setAlignment(h | Qt::AlignVCenter);
+}
+
+qint32 TextField::MaxLength() const
+{
+    return QLineEdit::maxLength() >= 32767 ? 0 : QLineEdit::maxLength();
+}
+
+void TextField::setMaxLength(qint32 value)
+{
+    QLineEdit::setMaxLength(value <= 0 ? 32767 : value);
+}
+
+qint32 TextField::SelStart() const
+{
+    return hasSelectedText() ? selectionStart() : cursorPosition();
+}
+
+void TextField::setSelStart(qint32 value)
+{
+    deselect();
+    setCursorPosition(qBound(0, value, int(text().size())));
+}
+
+qint32 TextField::SelLength() const
+{
+    return int(selectedText().size());
+}
+
+void TextField::setSelLength(qint32 value)
+{
+    const int start = SelStart();
+    const int length = qBound(0, value, int(text().size()) - start);
+    if (length == 0) {
+        deselect();
+        setCursorPosition(start);
+    } else {
+        setSelection(start, length);
+    }
+}
+
+void TextField::keyPressEvent(QKeyEvent *event)
+{
+    qint16 keyCode = KeyCodes::keyCode(event);
+    qint16 shift = KeyCodes::shiftState(event);
+    const qint16 originalAscii = KeyCodes::keyAscii(event);
+    emit KeyDown(keyCode, shift);
+    if (originalAscii == 0) {
+        // A key that types nothing: the host may cancel its editing action by zeroing KeyCode.
+        if (keyCode != 0)
+            QLineEdit::keyPressEvent(event);
+        else
+            event->accept();
+        return;
+    }
+    qint16 keyAscii = originalAscii;
+    emit KeyPress(keyAscii);
+    if (keyAscii == originalAscii)
+        QLineEdit::keyPressEvent(event);
+    else
+        deliverCharacter(event, keyAscii);
+}
+
+// The field receives a character other than the one typed (changed by the filter or the host).
+void TextField::deliverCharacter(QKeyEvent *original, qint16 keyAscii)
+{
+    original->accept();
+    if (keyAscii == 0)
+        return;
+    if (keyAscii == 8) {
+        QKeyEvent backspace(QEvent::KeyPress, Qt::Key_Backspace, Qt::NoModifier, QStringLiteral("\b"));
+        QLineEdit::keyPressEvent(&backspace);
+    } else if (keyAscii == 13) {
+        QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
+        QLineEdit::keyPressEvent(&enter);
+    } else if (keyAscii >= 32 && !isReadOnly()) {
+        insert(QString(QChar(char16_t(keyAscii))));
+    }
+}
+
+void TextField::keyReleaseEvent(QKeyEvent *event)
+{
+    qint16 keyCode = KeyCodes::keyCode(event);
+    qint16 shift = KeyCodes::shiftState(event);
+    emit KeyUp(keyCode, shift);
+    QLineEdit::keyReleaseEvent(event);
+}
+
+bool TextField::raiseMouse(QMouseEvent *event, void (TextField::*signal)(qint16 &, qint16 &, float &, float &))
+{
+    qint16 button = KeyCodes::mouseButton(event->type() == QEvent::MouseMove ? event->buttons() : event->button());
+    qint16 shift = KeyCodes::shiftState(event->modifiers());
+    float x = float(Twips::fromPixels(event->position().x(), this));
+    float y = float(Twips::fromPixels(event->position().y(), this));
+    emit (this->*signal)(button, shift, x, y);
+    return true;
+}
+
+void TextField::mousePressEvent(QMouseEvent *event)
+{
+    m_pressedInside = true;
+    raiseMouse(event, &TextField::MouseDown);
+    QLineEdit::mousePressEvent(event);
+}
+
+void TextField::mouseMoveEvent(QMouseEvent *event)
+{
+    raiseMouse(event, &TextField::MouseMove);
+    QLineEdit::mouseMoveEvent(event);
+}
+
+void TextField::mouseReleaseEvent(QMouseEvent *event)
+{
+    raiseMouse(event, &TextField::MouseUp);
+    QLineEdit::mouseReleaseEvent(event);
+    if (m_pressedInside && rect().contains(event->position().toPoint()))
+        emit Click();
+    m_pressedInside = false;
+}
+
+void TextField::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    QLineEdit::mouseDoubleClickEvent(event);
+    emit DblClick();
+}
+
+void TextField::focusInEvent(QFocusEvent *event)
+{
+    QLineEdit::focusInEvent(event);
+    emit GotFocus();
+}
+
+void TextField::focusOutEvent(QFocusEvent *event)
+{
+    QLineEdit::focusOutEvent(event);
+    emit LostFocus();
+}
+
+} // namespace Varnel_Controles

@@ -1,0 +1,41 @@
+// The one way the library shows message boxes and modal dialogs. Hosts and tests may install
+// their own seam (a test installs a scripted one that records what was shown and answers it).
+#pragma once
+
+#include <QString>
+
+class QDialog;
+
+namespace Varnel_Controles {
+
+class UiSeam
+{
+public:
+    /// Message-box styles and answers, with the legacy numbers.
+    enum Style : int {
+        vbOKOnly = 0, vbOKCancel = 1, vbYesNoCancel = 3, vbYesNo = 4, vbCritical = 16,
+        vbQuestion = 32, vbExclamation = 48, vbInformation = 64, vbDefaultButton2 = 256
+    };
+    enum Answer : int { vbOK = 1, vbCancel = 2, vbYes = 6, vbNo = 7 };
+
+    virtual ~UiSeam() = default;
+    /// Shows `prompt` with the buttons and icon of `style` under `title`; returns the answer.
+    virtual int MsgBox(const QString &prompt, int style, const QString &title) = 0;
+    /// Shows `dialog` modally; returns when the dialog hides itself, with QDialog's result code.
+    virtual int ShowModal(QDialog &dialog) = 0;
+
+    /// The seam in use (real message boxes and QDialog::exec unless another was installed).
+    static UiSeam &current();
+    /// Installs `seam` (not owned); nullptr restores the default.
+    static void install(UiSeam *seam);
+};
+
+/// QMessageBox and QDialog::exec.
+class WidgetUiSeam : public UiSeam
+{
+public:
+    int MsgBox(const QString &prompt, int style, const QString &title) override;
+    int ShowModal(QDialog &dialog) override;
+};
+
+} // namespace Varnel_Controles

@@ -1,0 +1,40 @@
+// A UI seam for tests: records every message box and modal show, and answers them from a
+// script instead of waiting on a modal loop.
+#pragma once
+
+#include "platform/UiSeam.h"
+
+#include <QDialog>
+#include <QList>
+#include <QString>
+#include <functional>
+
+namespace Varnel_Controles::Testing {
+
+class ScriptedUi : public UiSeam
+{
+public:
+    struct Message { QString prompt; int style; QString title; };
+
+    /// Installs itself; the destructor restores the default seam.
+    ScriptedUi();
+    ~ScriptedUi() override;
+
+    int MsgBox(const QString &prompt, int style, const QString &title) override;
+    int ShowModal(QDialog &dialog) override;
+
+    /// Answers for the coming message boxes, in order (vbOK when the queue is empty).
+    void answerMessages(QList<int> answers) { m_answers = std::move(answers); }
+    /// Drives the next modal dialogs, in order: the function plays the user (it may type,
+    /// click and finally hide the dialog). Without one, the dialog is hidden at once.
+    void onModal(std::function<void(QDialog &)> script) { m_scripts.append(std::move(script)); }
+
+    QList<Message> messages;
+    QStringList modalShown; // object names (or class names) of the dialogs shown
+
+private:
+    QList<int> m_answers;
+    QList<std::function<void(QDialog &)>> m_scripts;
+};
+
+} // namespace Varnel_Controles::Testing
