@@ -2,6 +2,9 @@
 
 #include "DemoScreen.h"
 
+#include <data/Conexion.h>
+#include <data/cEmpresa.h>
+
 #include <QApplication>
 #include <QDir>
 #include <QHBoxLayout>
@@ -9,7 +12,7 @@
 #include <QStackedWidget>
 #include <QStatusBar>
 
-DemoWindow::DemoWindow(QWidget *parent)
+DemoWindow::DemoWindow(Varnel_Controles::Conexion *conexion, Varnel_Controles::cEmpresa *empresa, QWidget *parent)
     : QMainWindow(parent)
     , m_list(new QListWidget)
     , m_stack(new QStackedWidget)
@@ -24,6 +27,9 @@ DemoWindow::DemoWindow(QWidget *parent)
     setCentralWidget(central);
     connect(m_list, &QListWidget::currentRowChanged, m_stack, &QStackedWidget::setCurrentIndex);
     resize(900, 560);
+    statusBar()->showMessage(QStringLiteral("Empresa %1 · %2 · %3")
+                                 .arg(empresa->Codigo())
+                                 .arg(empresa->Nombre(), conexion->database().databaseName()));
 }
 
 void DemoWindow::addScreen(DemoScreen *screen)

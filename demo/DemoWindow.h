@@ -3,6 +3,7 @@
 
 #include <QMainWindow>
 
+namespace Varnel_Controles { class Conexion; class cEmpresa; }
 class DemoScreen;
 class QListWidget;
 class QStackedWidget;
@@ -12,7 +13,7 @@ class DemoWindow : public QMainWindow
     Q_OBJECT
 
 public:
-    explicit DemoWindow(QWidget *parent = nullptr);
+    DemoWindow(Varnel_Controles::Conexion *conexion, Varnel_Controles::cEmpresa *empresa, QWidget *parent = nullptr);
     void addScreen(DemoScreen *screen);
     /// Renders every screen to DIR/NN-slug.png; returns the files written.
     QStringList writeScreenshots(const QString &dir);

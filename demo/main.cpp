@@ -1,32 +1,65 @@
 // The demo host application. Without arguments it opens the screens in a window;
 // with --screenshot DIR it renders each screen to a PNG file and exits.
+// The embedded demo database is created on first run.
 #include "DemoWindow.h"
 #include "PantallaEntrada.h"
 
+#include "DemoData.h"
+
+#include <data/Conexion.h>
+#include <data/DbError.h>
+#include <data/cEmpresa.h>
+
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QDir>
+#include <QFileInfo>
+#include <QStandardPaths>
 #include <QTextStream>
+
+using namespace Varnel_Controles;
 
 int main(int argc, char **argv)
 {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("kd_demo"));
+    QTextStream out(stdout), err(stderr);
 
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Pantallas de ejemplo de Varnel_Controles"));
     parser.addHelpOption();
-    QCommandLineOption screenshot(QStringLiteral("screenshot"),
-                                  QStringLiteral("Escribe un PNG por pantalla en DIR y termina."),
-                                  QStringLiteral("DIR"));
-    parser.addOption(screenshot);
+    const QCommandLineOption screenshot(QStringLiteral("screenshot"),
+                                        QStringLiteral("Escribe un PNG por pantalla en DIR y termina."),
+                                        QStringLiteral("DIR"));
+    const QCommandLineOption database(QStringLiteral("db"), QStringLiteral("Base de datos SQLite de demostración."),
+                                      QStringLiteral("FICHERO"),
+                                      QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation)
+                                          + QStringLiteral("/empresa.db"));
+    parser.addOptions({screenshot, database});
     parser.process(app);
 
-    DemoWindow window;
+    const QString path = parser.value(database);
+    Conexion *conexion = nullptr;
+    cEmpresa *empresa = nullptr;
+    try {
+        if (!QFileInfo::exists(path)) {
+            out << "Creando la base de datos de demostración en " << path << "…\n";
+            out.flush();
+            QDir().mkpath(QFileInfo(path).absolutePath());
+            Demo::generate(path);
+        }
+        conexion = Conexion::open(QStringLiteral("sqlite:") + path, &app);
+        empresa = cEmpresa::Cargar(conexion, 1, &app);
+    } catch (const DbError &e) {
+        err << e.Description() << "\n";
+        return 1;
+    }
+
+    DemoWindow window(conexion, empresa);
     window.addScreen(new PantallaEntrada);
 
     if (parser.isSet(screenshot)) {
         const QStringList files = window.writeScreenshots(parser.value(screenshot));
-        QTextStream out(stdout);
         for (const QString &f : files)
             out << f << "\n";
         return files.isEmpty() ? 1 : 0;

@@ -1,0 +1,63 @@
+// The data layer's cost for a code lookup (recordset open, field, close, trace signal,
+// dialect adaptation) against the same query through the raw Qt driver; and the time the
+// generator takes for 1,000,000 articles.
+#include "BenchData.h"
+#include "BenchUtil.h"
+
+#include <data/Conexion.h>
+#include <data/Recordset.h>
+#include <data/SqlText.h>
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QSqlQuery>
+
+using namespace Varnel_Controles;
+
+int main(int argc, char **argv)
+{
+    QCoreApplication app(argc, argv);
+    QTextStream out(stdout);
+
+    double seconds = -1;
+    const QString path = bench::database(1000000, 100000, 100000, &seconds);
+    if (seconds >= 0)
+        out << "generator, 1,000,000 articles (100,000 customers, 100,000 suppliers): "
+            << QString::number(seconds, 'f', 1) << " s\n";
+    else
+        out << "generator: database already generated (delete " << path << " to time it again)\n";
+
+    Conexion *c = Conexion::open(QStringLiteral("sqlite:") + path);
+    const int lookups = 20000;
+    auto statement = [](int i) {
+        return QStringLiteral("SELECT Nombre FROM Proveedores WHERE Cod_Empresa =") + SqlText::empresa(1)
+            + QStringLiteral(" AND Codigo =") + SqlText::codigo(QString::number(1 + (i * 7919) % 100000));
+    };
+    QStringList adapted;
+    for (int i = 0; i < lookups; ++i)
+        adapted << c->adapt(statement(i));
+
+    QString sink;
+    const qint64 layer = bench::best(5, [&] {
+        for (int i = 0; i < lookups; ++i) {
+            Recordset rs;
+            rs.open(statement(i), c);
+            if (!rs.eof())
+                sink = rs.text(QStringLiteral("Nombre"));
+            rs.close();
+        }
+    });
+    const qint64 raw = bench::best(5, [&] {
+        for (int i = 0; i < lookups; ++i) {
+            QSqlQuery q(c->database());
+            q.setForwardOnly(true);
+            q.exec(adapted[i]);
+            if (q.next())
+                sink = q.value(0).toString();
+        }
+    });
+    bench::report(QStringLiteral("code lookup through the layer (100,000 suppliers)"), layer,
+                  QStringLiteral("raw QSqlQuery, same adapted text"), raw, lookups);
+    delete c;
+    return 0;
+}

@@ -1,0 +1,39 @@
+#include "data/DbError.h"
+
+#include "platform/UiSeam.h"
+
+#include <QSqlError>
+
+namespace Varnel_Controles {
+
+DbError::DbError(qint32 number, QString description, QString source)
+    : m_number(number), m_description(std::move(description)), m_source(std::move(source))
+    , m_what(m_description.toStdString())
+{
+}
+
+DbError DbError::fromSql(const QSqlError &error, const QString &statement)
+{
+    bool numeric = false;
+    const qint32 native = error.nativeErrorCode().toInt(&numeric);
+    QString text = error.databaseText().trimmed();
+    if (text.isEmpty())
+        text = error.driverText().trimmed();
+    if (text.isEmpty())
+        text = QStringLiteral("error desconocido");
+    Q_UNUSED(statement);
+    return DbError(numeric && native != 0 ? native : ProviderError,
+                   QStringLiteral("Error de la base de datos: %1").arg(text));
+}
+
+DbError DbError::withSource(const QString &source) const
+{
+    return DbError(m_number, m_description, source);
+}
+
+void reportError(const QString &description, const QString &title)
+{
+    UiSeam::current().MsgBox(description, UiSeam::vbCritical, title);
+}
+
+} // namespace Varnel_Controles

@@ -1,0 +1,60 @@
+// A failure of a database procedure: number, description and source, as the legacy error
+// object carried them. Controls and dialogs report it through the UI seam; the barcode class
+// throws it on to its caller with its own source text.
+#pragma once
+
+#include <QString>
+#include <exception>
+#include <string>
+
+class QSqlError;
+
+namespace Varnel_Controles {
+
+class DbError : public std::exception
+{
+public:
+    enum : qint32 {
+        ObjectNotSet = 91,          // no connection or no company object
+        InvalidUseOfNull = 94,      // NULL where text was expected
+        ProviderError = -2147467259 // 0x80004005: failure reported by the database
+    };
+
+    DbError(qint32 number, QString description, QString source = QString());
+    /// The error of a failed statement, with the driver's text.
+    static DbError fromSql(const QSqlError &error, const QString &statement);
+
+    qint32 Number() const { return m_number; }
+    QString Description() const { return m_description; }
+    QString Source() const { return m_source; }
+    /// The same error with another source (a class rethrowing under its own location text).
+    DbError withSource(const QString &source) const;
+
+    const char *what() const noexcept override { return m_what.c_str(); }
+
+private:
+    qint32 m_number;
+    QString m_description;
+    QString m_source;
+    std::string m_what;
+};
+
+/// Shows the error's description in a critical message box (style 16) titled `title`,
+/// such as "kdProveedores::Cargar".
+void reportError(const QString &description, const QString &title);
+
+/// Runs `procedure`; any failure is reported under `title` and the result is false.
+template <typename Procedure>
+bool trapErrors(const QString &title, Procedure &&procedure)
+{
+    try {
+        return procedure();
+    } catch (const DbError &e) {
+        reportError(e.Description(), title);
+    } catch (const std::exception &e) {
+        reportError(QString::fromUtf8(e.what()), title);
+    }
+    return false;
+}
+
+} // namespace Varnel_Controles

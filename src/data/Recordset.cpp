@@ -1,0 +1,293 @@
+#include "data/Recordset.h"
+
+#include "data/Conexion.h"
+#include "data/DbError.h"
+
+#include <QRegularExpression>
+#include <QSqlError>
+#include <QSqlField>
+#include <cmath>
+
+namespace Varnel_Controles {
+
+namespace {
+
+// The columns a keyset recordset adds to the select list to find its rows again.
+QString keyAlias(int i) { return QStringLiteral("kd_key_%1").arg(i); }
+
+// Inserts the key columns before the first top-level FROM of the statement.
+QString withKeyColumns(const QString &tsql, const QString &table, const QStringList &keys)
+{
+    static const QRegularExpression from(QStringLiteral(R"(\sFROM\s)"), QRegularExpression::CaseInsensitiveOption);
+    const auto m = from.match(tsql);
+    if (!m.hasMatch())
+        return tsql;
+    QString extra;
+    for (int i = 0; i < keys.size(); ++i)
+        extra += QStringLiteral(", %1.%2 AS %3").arg(table, keys[i], keyAlias(i));
+    QString out = tsql;
+    out.insert(m.capturedStart(), extra);
+    return out;
+}
+
+// SQL Server keeps the rows read under an update lock until the transaction ends.
+QString withLockHint(const QString &tsql, const QString &table)
+{
+    const QRegularExpression from(QStringLiteral(R"(\bFROM\s+%1\b)").arg(QRegularExpression::escape(table)),
+                                  QRegularExpression::CaseInsensitiveOption);
+    QString out = tsql;
+    const auto m = from.match(out);
+    if (m.hasMatch())
+        out.insert(m.capturedEnd(), QStringLiteral(" WITH (UPDLOCK, ROWLOCK, HOLDLOCK)"));
+    return out;
+}
+
+} // namespace
+
+Recordset::~Recordset()
+{
+    if (m_ownsTransaction && m_connection) {
+        try {
+            m_connection->rollbackTrans();
+        } catch (const DbError &) {
+        }
+    }
+}
+
+void Recordset::fail(const QString &description) const
+{
+    throw DbError(DbError::ProviderError, description);
+}
+
+void Recordset::open(const QString &tsql, Conexion *connection)
+{
+    close();
+    if (!connection)
+        throw DbError(DbError::ObjectNotSet, QStringLiteral("No hay conexión con la base de datos: falta asignar Conexion."));
+    connection->trace(tsql);
+    m_query = QSqlQuery(connection->database());
+    m_query.setForwardOnly(true);
+    if (!m_query.exec(connection->adapt(tsql))) {
+        const DbError error = DbError::fromSql(m_query.lastError(), tsql);
+        m_query = QSqlQuery();
+        throw error;
+    }
+    m_connection = connection;
+    m_mode = ForwardOnly;
+    m_atEnd = !m_query.next();
+}
+
+void Recordset::loadAll(const QString &tsql, const QString &adapted)
+{
+    QSqlQuery q(m_connection->database());
+    q.setForwardOnly(true);
+    if (!q.exec(adapted))
+        throw DbError::fromSql(q.lastError(), tsql);
+    while (q.next()) {
+        QSqlRecord record = q.record();
+        QVector<QVariant> key;
+        for (int i = 0; i < m_keyColumns.size(); ++i) {
+            key << record.value(keyAlias(i));
+            record.remove(record.indexOf(keyAlias(i)));
+        }
+        m_rows << record;
+        m_keys << key;
+    }
+    if (q.lastError().isValid())
+        throw DbError::fromSql(q.lastError(), tsql);
+}
+
+void Recordset::openKeyset(const QString &tsql, Conexion *connection, const QString &table, const QStringList &keyColumns)
+{
+    close();
+    if (!connection)
+        throw DbError(DbError::ObjectNotSet, QStringLiteral("No hay conexión con la base de datos: falta asignar Conexion."));
+    m_connection = connection;
+    m_table = table;
+    m_keyColumns = keyColumns;
+    connection->trace(tsql);
+    loadAll(tsql, connection->adapt(withKeyColumns(tsql, table, keyColumns)));
+    m_mode = Keyset;
+    m_row = 0;
+}
+
+void Recordset::openLocked(const QString &tsql, Conexion *connection, const QString &table, const QStringList &keyColumns)
+{
+    close();
+    if (!connection)
+        throw DbError(DbError::ObjectNotSet, QStringLiteral("No hay conexión con la base de datos: falta asignar Conexion."));
+    m_connection = connection;
+    m_table = table;
+    m_keyColumns = keyColumns;
+    if (!connection->inTransaction()) {
+        connection->beginTrans();
+        m_ownsTransaction = true;
+    }
+    connection->trace(tsql);
+    QString statement = withKeyColumns(tsql, table, keyColumns);
+    statement = connection->dialect() == Conexion::SqlServer ? withLockHint(statement, table)
+                                                             : connection->adapt(statement);
+    try {
+        loadAll(tsql, statement);
+    } catch (...) {
+        if (m_ownsTransaction) {
+            m_ownsTransaction = false;
+            connection->rollbackTrans();
+        }
+        throw;
+    }
+    m_mode = Keyset;
+    m_row = 0;
+}
+
+bool Recordset::eof() const
+{
+    switch (m_mode) {
+    case ForwardOnly: return m_atEnd;
+    case Keyset: return m_row >= m_rows.size();
+    case Closed: return true;
+    }
+    return true;
+}
+
+void Recordset::requireRow() const
+{
+    if (m_mode == Closed)
+        fail(QStringLiteral("La consulta está cerrada."));
+    if (eof())
+        fail(QStringLiteral("No hay registro actual: la consulta está al final."));
+}
+
+QVariant Recordset::field(const QString &name) const
+{
+    requireRow();
+    const QSqlRecord record = m_mode == Keyset ? m_rows[m_row] : m_query.record();
+    const int index = record.indexOf(name);
+    if (index < 0)
+        fail(QStringLiteral("No existe la columna %1 en la consulta.").arg(name));
+    if (m_mode == ForwardOnly)
+        return m_query.value(index);
+    return record.value(index);
+}
+
+QString Recordset::text(const QString &name) const
+{
+    const QVariant v = field(name);
+    if (v.isNull())
+        throw DbError(DbError::InvalidUseOfNull, QStringLiteral("Uso no válido de Null (columna %1).").arg(name));
+    if (v.typeId() == QMetaType::Double) {
+        const double d = v.toDouble();
+        if (d == std::floor(d) && std::fabs(d) < 1e15)
+            return QString::number(qint64(d));
+        return QString::number(d, 'g', 15).replace(u'.', u',');
+    }
+    return v.toString();
+}
+
+QStringList Recordset::fieldNames() const
+{
+    const QSqlRecord record = m_mode == Keyset ? (m_rows.isEmpty() ? QSqlRecord() : m_rows.first()) : m_query.record();
+    QStringList names;
+    for (int i = 0; i < record.count(); ++i)
+        names << record.fieldName(i);
+    return names;
+}
+
+void Recordset::moveNext()
+{
+    requireRow();
+    if (m_mode == ForwardOnly) {
+        m_atEnd = !m_query.next();
+        if (m_atEnd && m_query.lastError().isValid())
+            throw DbError::fromSql(m_query.lastError(), QString());
+    } else {
+        ++m_row;
+        m_changed.clear();
+    }
+}
+
+void Recordset::close()
+{
+    if (m_mode == ForwardOnly)
+        m_query.finish();
+    m_query = QSqlQuery();
+    m_rows.clear();
+    m_keys.clear();
+    m_changed.clear();
+    m_mode = Closed;
+    m_atEnd = true;
+    if (m_ownsTransaction && m_connection) {
+        m_ownsTransaction = false;
+        m_connection->commitTrans();
+    }
+}
+
+void Recordset::requireUpdatable() const
+{
+    if (m_mode != Keyset)
+        fail(QStringLiteral("La consulta es de solo lectura."));
+}
+
+void Recordset::setField(const QString &name, const QVariant &value)
+{
+    requireUpdatable();
+    requireRow();
+    QSqlRecord &record = m_rows[m_row];
+    if (record.indexOf(name) < 0)
+        fail(QStringLiteral("No existe la columna %1 en la consulta.").arg(name));
+    record.setValue(name, value);
+    if (!m_changed.contains(name))
+        m_changed << name;
+}
+
+void Recordset::update()
+{
+    requireUpdatable();
+    requireRow();
+    if (m_changed.isEmpty())
+        return;
+    QStringList sets, where;
+    for (const QString &name : std::as_const(m_changed))
+        sets << QStringLiteral("%1 = %2").arg(name, literal(m_rows[m_row].value(name)));
+    for (int i = 0; i < m_keyColumns.size(); ++i)
+        where << QStringLiteral("%1 = %2").arg(m_keyColumns[i], literal(m_keys[m_row][i]));
+    m_connection->execute(QStringLiteral("UPDATE %1 SET %2 WHERE %3").arg(m_table, sets.join(QStringLiteral(", ")),
+                                                                       where.join(QStringLiteral(" AND "))));
+    // The row is now known by its new key values.
+    for (int i = 0; i < m_keyColumns.size(); ++i)
+        if (m_changed.contains(m_keyColumns[i], Qt::CaseInsensitive))
+            m_keys[m_row][i] = m_rows[m_row].value(m_keyColumns[i]);
+    m_changed.clear();
+}
+
+void Recordset::addNew(const QStringList &columns, const QVariantList &values)
+{
+    requireUpdatable();
+    QStringList literals;
+    for (const QVariant &v : values)
+        literals << literal(v);
+    m_connection->execute(QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")
+                              .arg(m_table, columns.join(QStringLiteral(", ")), literals.join(QStringLiteral(", "))));
+}
+
+QString Recordset::literal(const QVariant &value)
+{
+    if (value.isNull() || !value.isValid())
+        return QStringLiteral("NULL");
+    switch (value.typeId()) {
+    case QMetaType::Bool:
+        return value.toBool() ? QStringLiteral("1") : QStringLiteral("0");
+    case QMetaType::Int: case QMetaType::UInt: case QMetaType::LongLong: case QMetaType::ULongLong:
+    case QMetaType::Short: case QMetaType::UShort:
+        return QString::number(value.toLongLong());
+    case QMetaType::Double: case QMetaType::Float:
+        return QString::number(value.toDouble(), 'g', 17);
+    default: {
+        QString text = value.toString();
+        text.replace(u'\'', QLatin1String("''"));
+        return u'\'' + text + u'\'';
+    }
+    }
+}
+
+} // namespace Varnel_Controles

@@ -1,0 +1,81 @@
+// The result of a query, read one row at a time.
+//
+// open():       forward-only, read-only; rows come from the database as they are read.
+// openKeyset(): all rows read at once; each can be changed and written back by its key.
+// openLocked(): as openKeyset, and the rows stay locked against other workstations until
+//               close() (a transaction is begun unless one is already open on the connection).
+#pragma once
+
+#include <QSqlQuery>
+#include <QSqlRecord>
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+#include <QVector>
+#include <optional>
+
+namespace Varnel_Controles {
+
+class Conexion;
+
+class Recordset
+{
+public:
+    Recordset() = default;
+    ~Recordset();
+    Recordset(const Recordset &) = delete;
+    Recordset &operator=(const Recordset &) = delete;
+
+    /// Opens a forward-only, read-only query (closing a previous one). Throws DbError.
+    void open(const QString &tsql, Conexion *connection);
+    /// Opens an updatable copy of the rows of `table`; `keyColumns` identify a row.
+    void openKeyset(const QString &tsql, Conexion *connection, const QString &table, const QStringList &keyColumns);
+    /// As openKeyset, holding a lock on the rows read until close().
+    void openLocked(const QString &tsql, Conexion *connection, const QString &table, const QStringList &keyColumns);
+
+    bool isOpen() const { return m_mode != Closed; }
+    /// True when there is no current row (also right after opening an empty result).
+    bool eof() const;
+    /// The current row's column, NULL-aware (an invalid-but-typed QVariant for NULL).
+    /// Throws DbError when there is no current row or no such column.
+    QVariant field(const QString &name) const;
+    /// The column as text; NULL throws DbError 94 ("Uso no válido de Null").
+    QString text(const QString &name) const;
+    void moveNext();
+    /// Names of the columns, in the order of the select list.
+    QStringList fieldNames() const;
+    /// Closes the query; a locked recordset commits the transaction it began.
+    void close();
+
+    /// Updatable recordsets: change a column of the current row, then write it with update().
+    void setField(const QString &name, const QVariant &value);
+    void update();
+    /// Updatable recordsets: inserts a row into the table at once.
+    void addNew(const QStringList &columns, const QVariantList &values);
+
+    /// A value written into a statement: text quoted with apostrophes doubled, numbers plain,
+    /// Booleans 1/0, NULL.
+    static QString literal(const QVariant &value);
+
+private:
+    enum Mode { Closed, ForwardOnly, Keyset };
+    void requireRow() const;
+    void requireUpdatable() const;
+    void fail(const QString &description) const;
+    void loadAll(const QString &tsql, const QString &adapted);
+
+    Mode m_mode = Closed;
+    Conexion *m_connection = nullptr;
+    QSqlQuery m_query;
+    bool m_atEnd = true;
+    // Keyset mode
+    QVector<QSqlRecord> m_rows;
+    QVector<QVector<QVariant>> m_keys;
+    int m_row = 0;
+    QString m_table;
+    QStringList m_keyColumns;
+    QStringList m_changed;
+    bool m_ownsTransaction = false;
+};
+
+} // namespace Varnel_Controles

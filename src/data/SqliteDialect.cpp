@@ -1,0 +1,560 @@
+#include "data/SqliteDialect.h"
+
+#include <QChar>
+#include <QRegularExpression>
+#include <QStringList>
+#include <QVector>
+#include <array>
+#include <cmath>
+#include <cstring>
+#include <sqlite3.h>
+#include <vector>
+
+namespace Varnel_Controles {
+
+// ---------------------------------------------------------------------------------------------
+// Collation weights: a primary weight (the letter without case or accent, Ñ right after N) and
+// a secondary one (the accent). Texts compare on primaries first, then on secondaries.
+namespace {
+
+struct Weight
+{
+    quint32 primary;
+    quint16 secondary;
+    bool operator==(const Weight &o) const { return primary == o.primary && secondary == o.secondary; }
+};
+
+constexpr char32_t kTableSize = 0x250;
+
+const std::array<Weight, kTableSize> &weightTable()
+{
+    static const std::array<Weight, kTableSize> table = [] {
+        std::array<Weight, kTableSize> t{};
+        for (char32_t c = 0; c < kTableSize; ++c) {
+            const char32_t upper = QChar::toUpper(c);
+            Weight w{quint32(upper) * 2, 0};
+            if (upper == U'Ñ') {
+                w = {quint32(U'N') * 2 + 1, 0};
+            } else if (QChar::decompositionTag(upper) == QChar::Canonical) {
+                const QString d = QChar::decomposition(upper);
+                if (d.size() >= 2 && d.at(0).unicode() < 0x80)
+                    w = {quint32(d.at(0).unicode()) * 2, d.at(1).unicode()};
+            }
+            t[c] = w;
+        }
+        return t;
+    }();
+    return table;
+}
+
+inline Weight weightOf(char32_t c)
+{
+    if (c < kTableSize)
+        return weightTable()[c];
+    return {quint32(QChar::toUpper(c)) * 2, 0};
+}
+
+// UTF-8 decoding into a reusable buffer.
+void decodeUtf8(const unsigned char *s, int n, std::vector<char32_t> &out)
+{
+    out.clear();
+    for (int i = 0; i < n;) {
+        const unsigned char b = s[i];
+        char32_t c;
+        int len;
+        if (b < 0x80) { c = b; len = 1; }
+        else if ((b >> 5) == 6) { c = b & 0x1F; len = 2; }
+        else if ((b >> 4) == 14) { c = b & 0x0F; len = 3; }
+        else { c = b & 0x07; len = 4; }
+        for (int k = 1; k < len && i + k < n; ++k)
+            c = (c << 6) | (s[i + k] & 0x3F);
+        out.push_back(c);
+        i += len;
+    }
+}
+
+template <typename Seq>
+int compareSeq(const Seq &a, size_t na, const Seq &b, size_t nb)
+{
+    while (na > 0 && a[na - 1] == U' ') --na;
+    while (nb > 0 && b[nb - 1] == U' ') --nb;
+    const size_t n = std::min(na, nb);
+    for (size_t i = 0; i < n; ++i) {
+        const quint32 pa = weightOf(a[i]).primary, pb = weightOf(b[i]).primary;
+        if (pa != pb)
+            return pa < pb ? -1 : 1;
+    }
+    if (na != nb)
+        return na < nb ? -1 : 1;
+    for (size_t i = 0; i < n; ++i) {
+        const quint16 sa = weightOf(a[i]).secondary, sb = weightOf(b[i]).secondary;
+        if (sa != sb)
+            return sa < sb ? -1 : 1;
+    }
+    return 0;
+}
+
+inline bool weightLess(char32_t a, char32_t b)
+{
+    const Weight wa = weightOf(a), wb = weightOf(b);
+    return wa.primary != wb.primary ? wa.primary < wb.primary : wa.secondary < wb.secondary;
+}
+
+// Matches one [class] at pattern position p against c; returns the position after the class,
+// or -1 when the class is not closed (then "[" is an ordinary character).
+template <typename Seq>
+long matchClass(const Seq &pat, size_t np, size_t p, char32_t c, bool &matched)
+{
+    size_t i = p + 1;
+    bool negate = false;
+    if (i < np && pat[i] == U'^') { negate = true; ++i; }
+    bool any = false;
+    const size_t start = i;
+    while (i < np && (pat[i] != U']' || i == start)) {
+        if (i + 2 < np && pat[i + 1] == U'-' && pat[i + 2] != U']') {
+            if (!weightLess(c, pat[i]) && !weightLess(pat[i + 2], c))
+                any = true;
+            i += 3;
+        } else {
+            if (weightOf(c) == weightOf(pat[i]))
+                any = true;
+            ++i;
+        }
+    }
+    if (i >= np)
+        return -1;
+    matched = any != negate;
+    return long(i + 1);
+}
+
+template <typename Seq>
+bool likeSeq(const Seq &text, size_t nt, const Seq &pat, size_t np)
+{
+    size_t t = 0, p = 0;
+    size_t starP = size_t(-1), starT = 0;
+    while (t < nt) {
+        if (p < np && pat[p] == U'%') {
+            starP = ++p;
+            starT = t;
+            continue;
+        }
+        if (p < np) {
+            bool ok = false;
+            size_t next = p + 1;
+            if (pat[p] == U'_') {
+                ok = true;
+            } else if (pat[p] == U'[') {
+                bool matched = false;
+                const long after = matchClass(pat, np, p, text[t], matched);
+                if (after < 0)
+                    ok = weightOf(text[t]) == weightOf(U'[');
+                else {
+                    ok = matched;
+                    next = size_t(after);
+                }
+            } else {
+                ok = weightOf(text[t]) == weightOf(pat[p]);
+            }
+            if (ok) {
+                ++t;
+                p = next;
+                continue;
+            }
+        }
+        if (starP == size_t(-1))
+            return false;
+        p = starP;
+        t = ++starT;
+    }
+    while (p < np && pat[p] == U'%') ++p;
+    return p == np;
+}
+
+// ---- SQLite callbacks -----------------------------------------------------------------------
+
+int collationCompare(void *, int n1, const void *s1, int n2, const void *s2)
+{
+    thread_local std::vector<char32_t> a, b;
+    decodeUtf8(static_cast<const unsigned char *>(s1), n1, a);
+    decodeUtf8(static_cast<const unsigned char *>(s2), n2, b);
+    return compareSeq(a, a.size(), b, b.size());
+}
+
+void likeFunction(sqlite3_context *ctx, int, sqlite3_value **argv)
+{
+    if (sqlite3_value_type(argv[0]) == SQLITE_NULL || sqlite3_value_type(argv[1]) == SQLITE_NULL) {
+        sqlite3_result_null(ctx);
+        return;
+    }
+    thread_local std::vector<char32_t> pat, text;
+    const auto *p = sqlite3_value_text(argv[0]);
+    const int np = sqlite3_value_bytes(argv[0]);
+    const auto *t = sqlite3_value_text(argv[1]);
+    const int nt = sqlite3_value_bytes(argv[1]);
+    decodeUtf8(p, np, pat);
+    decodeUtf8(t, nt, text);
+    sqlite3_result_int(ctx, likeSeq(text, text.size(), pat, pat.size()) ? 1 : 0);
+}
+
+void lenFunction(sqlite3_context *ctx, int, sqlite3_value **argv)
+{
+    if (sqlite3_value_type(argv[0]) == SQLITE_NULL) {
+        sqlite3_result_null(ctx);
+        return;
+    }
+    thread_local std::vector<char32_t> text;
+    decodeUtf8(sqlite3_value_text(argv[0]), sqlite3_value_bytes(argv[0]), text);
+    size_t n = text.size();
+    while (n > 0 && text[n - 1] == U' ') --n;
+    sqlite3_result_int64(ctx, sqlite3_int64(n));
+}
+
+void varcharFunction(sqlite3_context *ctx, int, sqlite3_value **argv)
+{
+    switch (sqlite3_value_type(argv[0])) {
+    case SQLITE_NULL:
+        sqlite3_result_null(ctx);
+        return;
+    case SQLITE_FLOAT: {
+        const QByteArray text = SqliteDialect::floatToVarchar(sqlite3_value_double(argv[0])).toUtf8();
+        sqlite3_result_text(ctx, text.constData(), int(text.size()), SQLITE_TRANSIENT);
+        return;
+    }
+    default:
+        sqlite3_result_text(ctx, reinterpret_cast<const char *>(sqlite3_value_text(argv[0])),
+                            sqlite3_value_bytes(argv[0]), SQLITE_TRANSIENT);
+    }
+}
+
+// ---- The rewriter -----------------------------------------------------------------------------
+
+struct Token
+{
+    enum Kind { Space, Word, String, Number, Punct } kind;
+    QString text;
+};
+
+QVector<Token> tokenize(const QString &sql)
+{
+    QVector<Token> out;
+    const int n = int(sql.size());
+    for (int i = 0; i < n;) {
+        const QChar c = sql[i];
+        int j = i + 1;
+        if (c.isSpace()) {
+            while (j < n && sql[j].isSpace()) ++j;
+            out.append({Token::Space, sql.mid(i, j - i)});
+        } else if (c == u'\'' || ((c == u'N' || c == u'n') && j < n && sql[j] == u'\'')) {
+            j = c == u'\'' ? i + 1 : i + 2;
+            while (j < n) {
+                if (sql[j] == u'\'') {
+                    if (j + 1 < n && sql[j + 1] == u'\'') { j += 2; continue; }
+                    ++j;
+                    break;
+                }
+                ++j;
+            }
+            out.append({Token::String, sql.mid(i, j - i)});
+        } else if (c.isLetter() || c == u'_' || c == u'@' || c == u'#') {
+            while (j < n && (sql[j].isLetterOrNumber() || sql[j] == u'_' || sql[j] == u'$' || sql[j] == u'@' || sql[j] == u'#')) ++j;
+            out.append({Token::Word, sql.mid(i, j - i)});
+        } else if (c == u'[') {
+            while (j < n && sql[j] != u']') ++j;
+            j = qMin(n, j + 1);
+            out.append({Token::Word, sql.mid(i, j - i)});
+        } else if (c.isDigit()) {
+            while (j < n && (sql[j].isDigit() || sql[j] == u'.')) ++j;
+            out.append({Token::Number, sql.mid(i, j - i)});
+        } else {
+            if (j < n && ((c == u'<' && (sql[j] == u'=' || sql[j] == u'>')) || (c == u'>' && sql[j] == u'=')
+                          || (c == u'!' && sql[j] == u'=')))
+                ++j;
+            out.append({Token::Punct, sql.mid(i, j - i)});
+        }
+        i = j;
+    }
+    return out;
+}
+
+QString join(const QVector<Token> &tokens)
+{
+    QString out;
+    for (const Token &t : tokens)
+        out += t.text;
+    return out;
+}
+
+bool isWord(const Token &t, const char *word)
+{
+    return t.kind == Token::Word && t.text.compare(QLatin1String(word), Qt::CaseInsensitive) == 0;
+}
+
+int nextSignificant(const QVector<Token> &t, int i)
+{
+    for (++i; i < t.size(); ++i)
+        if (t[i].kind != Token::Space) return i;
+    return -1;
+}
+
+int previousSignificant(const QVector<Token> &t, int i)
+{
+    for (--i; i >= 0; --i)
+        if (t[i].kind != Token::Space) return i;
+    return -1;
+}
+
+QString unquote(const QString &literal)
+{
+    QString s = literal.startsWith(u'N') || literal.startsWith(u'n') ? literal.mid(1) : literal;
+    s = s.mid(1, s.size() - 2);
+    s.replace(QLatin1String("''"), QLatin1String("'"));
+    return s;
+}
+
+QString quote(const QString &text)
+{
+    QString s = text;
+    s.replace(u'\'', QLatin1String("''"));
+    return u'\'' + s + u'\'';
+}
+
+void rewriteIsNull(QVector<Token> &t)
+{
+    for (int i = 0; i < t.size(); ++i) {
+        if (isWord(t[i], "ISNULL")) {
+            const int next = nextSignificant(t, i);
+            if (next >= 0 && t[next].text == QLatin1String("("))
+                t[i].text = QStringLiteral("IFNULL");
+        }
+    }
+}
+
+void rewriteConvert(QVector<Token> &t)
+{
+    for (int i = 0; i < t.size(); ++i) {
+        if (!isWord(t[i], "CONVERT"))
+            continue;
+        const int open = nextSignificant(t, i);
+        if (open < 0 || t[open].text != QLatin1String("("))
+            continue;
+        const int type = nextSignificant(t, open);
+        if (type < 0 || !(isWord(t[type], "VARCHAR") || isWord(t[type], "NVARCHAR")))
+            continue;
+        int comma = nextSignificant(t, type);
+        if (comma >= 0 && t[comma].text == QLatin1String("(")) { // VARCHAR(n)
+            int close = comma;
+            while (close < t.size() && t[close].text != QLatin1String(")")) ++close;
+            comma = nextSignificant(t, close);
+        }
+        if (comma < 0 || t[comma].text != QLatin1String(","))
+            continue;
+        t[i].text = QStringLiteral("TSQL_VARCHAR");
+        t.remove(open + 1, comma - open);
+    }
+}
+
+void rewriteTop(QVector<Token> &t)
+{
+    for (int i = 0; i < t.size(); ++i) {
+        if (!isWord(t[i], "SELECT"))
+            continue;
+        int top = nextSignificant(t, i);
+        if (top >= 0 && isWord(t[top], "DISTINCT"))
+            top = nextSignificant(t, top);
+        if (top < 0 || !isWord(t[top], "TOP"))
+            continue;
+        int count = nextSignificant(t, top);
+        if (count < 0)
+            continue;
+        QString n;
+        int last = count;
+        if (t[count].text == QLatin1String("(")) {
+            const int inner = nextSignificant(t, count);
+            last = nextSignificant(t, inner);
+            n = t[inner].text;
+        } else {
+            n = t[count].text;
+        }
+        // The select ends at the parenthesis that closes its subquery, or at the end.
+        int depth = 0, end = int(t.size());
+        for (int k = last + 1; k < t.size(); ++k) {
+            if (t[k].text == QLatin1String("(")) ++depth;
+            else if (t[k].text == QLatin1String(")")) {
+                if (depth == 0) { end = k; break; }
+                --depth;
+            }
+        }
+        // Drop trailing blanks and a final semicolon from the limit's position.
+        int at = end;
+        while (at > 0 && (t[at - 1].kind == Token::Space || t[at - 1].text == QLatin1String(";"))) --at;
+        t.insert(at, {Token::Word, QStringLiteral(" LIMIT ") + n});
+        const bool blankAfter = last + 1 < t.size() && t[last + 1].kind == Token::Space;
+        t.remove(top, last - top + (blankAfter ? 2 : 1));
+    }
+}
+
+QString likePrefix(const QString &pattern)
+{
+    QString prefix;
+    for (QChar c : pattern) {
+        if (c == u'%' || c == u'_' || c == u'[')
+            break;
+        prefix += c;
+    }
+    return prefix;
+}
+
+void addLikeRanges(QVector<Token> &t)
+{
+    for (int i = int(t.size()) - 1; i >= 0; --i) {
+        if (!isWord(t[i], "LIKE"))
+            continue;
+        const int lit = nextSignificant(t, i);
+        int col = previousSignificant(t, i);
+        if (lit < 0 || col < 0 || t[lit].kind != Token::String || t[col].kind != Token::Word)
+            continue;
+        if (isWord(t[col], "NOT"))
+            continue;
+        int colStart = col;
+        const int dot = previousSignificant(t, col);
+        if (dot >= 0 && t[dot].text == QLatin1String(".")) {
+            const int owner = previousSignificant(t, dot);
+            if (owner >= 0 && t[owner].kind == Token::Word)
+                colStart = owner;
+        }
+        const QString prefix = likePrefix(unquote(t[lit].text));
+        if (prefix.isEmpty())
+            continue;
+        QString column;
+        for (int k = colStart; k <= col; ++k)
+            column += t[k].text;
+        const QString range = QStringLiteral("(%1 >= %2 AND %1 < %3 AND ")
+                                  .arg(column, quote(prefix), quote(prefix + QString::fromUcs4(U"\U0010FFFF", 1)));
+        t.insert(lit + 1, {Token::Punct, QStringLiteral(")")});
+        t.insert(colStart, {Token::Punct, range});
+    }
+}
+
+QString isoDate(const QString &literal)
+{
+    static const QRegularExpression shortForm(QStringLiteral(R"(^\s*(\d{1,2})/(\d{1,2})/(\d{4})\s*$)"));
+    static const QRegularExpression isoForm(QStringLiteral(R"(^(\d{4})-(\d{2})-(\d{2})(T00:00:00)?$)"));
+    const QString text = unquote(literal);
+    if (const auto m = shortForm.match(text); m.hasMatch())
+        return QStringLiteral("'%1-%2-%3'").arg(m.captured(3), m.captured(2).rightJustified(2, u'0'),
+                                               m.captured(1).rightJustified(2, u'0'));
+    if (const auto m = isoForm.match(text); m.hasMatch())
+        return QStringLiteral("'%1-%2-%3'").arg(m.captured(1), m.captured(2), m.captured(3));
+    return literal;
+}
+
+QString lastPart(const QString &identifier)
+{
+    QString s = identifier;
+    if (s.startsWith(u'[')) s = s.mid(1, s.size() - 2);
+    return s;
+}
+
+void rewriteDates(QVector<Token> &t)
+{
+    static const QStringList operators{QStringLiteral("="), QStringLiteral("<"), QStringLiteral(">"),
+                                       QStringLiteral("<="), QStringLiteral(">="), QStringLiteral("<>")};
+    // column <op> 'date'
+    for (int i = 0; i < t.size(); ++i) {
+        if (t[i].kind != Token::Word || !SqliteDialect::isDateColumn(lastPart(t[i].text)))
+            continue;
+        const int op = nextSignificant(t, i);
+        if (op < 0 || !operators.contains(t[op].text))
+            continue;
+        const int lit = nextSignificant(t, op);
+        if (lit >= 0 && t[lit].kind == Token::String)
+            t[lit].text = isoDate(t[lit].text);
+    }
+    // INSERT INTO table (columns) VALUES (values)
+    for (int i = 0; i < t.size(); ++i) {
+        if (!isWord(t[i], "INSERT"))
+            continue;
+        int k = i;
+        while (k < t.size() && t[k].text != QLatin1String("(")) ++k;
+        QStringList columns;
+        for (++k; k < t.size() && t[k].text != QLatin1String(")"); ++k)
+            if (t[k].kind == Token::Word)
+                columns << lastPart(t[k].text);
+        const int values = nextSignificant(t, k);
+        if (values < 0 || !isWord(t[values], "VALUES"))
+            continue;
+        int open = nextSignificant(t, values);
+        if (open < 0 || t[open].text != QLatin1String("("))
+            continue;
+        int index = 0, depth = 0;
+        for (int v = open + 1; v < t.size(); ++v) {
+            const QString &x = t[v].text;
+            if (x == QLatin1String("(")) ++depth;
+            else if (x == QLatin1String(")")) { if (depth-- == 0) break; }
+            else if (x == QLatin1String(",") && depth == 0) ++index;
+            else if (t[v].kind == Token::String && depth == 0 && index < columns.size()
+                     && SqliteDialect::isDateColumn(columns[index]))
+                t[v].text = isoDate(t[v].text);
+        }
+    }
+}
+
+} // namespace
+
+bool SqliteDialect::isDateColumn(const QString &column)
+{
+    static const QStringList dates{QStringLiteral("Fecha"), QStringLiteral("FAlta"),
+                                   QStringLiteral("Fecha_Inicial"), QStringLiteral("Fecha_Final")};
+    return dates.contains(column, Qt::CaseInsensitive);
+}
+
+QString SqliteDialect::adapt(const QString &tsql)
+{
+    // Most statements (code lookups) need nothing: skip the tokenizer for them.
+    static const QRegularExpression triggers(QStringLiteral("ISNULL|TOP|CONVERT|LIKE|FECHA|FALTA"),
+                                             QRegularExpression::CaseInsensitiveOption);
+    if (!triggers.match(tsql).hasMatch())
+        return tsql;
+    QVector<Token> tokens = tokenize(tsql);
+    rewriteIsNull(tokens);
+    rewriteConvert(tokens);
+    rewriteTop(tokens);
+    rewriteDates(tokens);
+    addLikeRanges(tokens);
+    return join(tokens);
+}
+
+void SqliteDialect::registerFunctions(sqlite3 *db)
+{
+    const int flags = SQLITE_UTF8 | SQLITE_DETERMINISTIC;
+    sqlite3_create_collation(db, "MODERN_SPANISH_CI_AS", SQLITE_UTF8, nullptr, collationCompare);
+    sqlite3_create_function(db, "like", 2, flags, nullptr, likeFunction, nullptr, nullptr);
+    sqlite3_create_function(db, "like", 3, flags, nullptr, likeFunction, nullptr, nullptr);
+    sqlite3_create_function(db, "LEN", 1, flags, nullptr, lenFunction, nullptr, nullptr);
+    sqlite3_create_function(db, "TSQL_VARCHAR", 1, flags, nullptr, varcharFunction, nullptr, nullptr);
+}
+
+int SqliteDialect::compare(const QString &a, const QString &b)
+{
+    const QList<uint> ua = a.toUcs4(), ub = b.toUcs4();
+    return compareSeq(ua, size_t(ua.size()), ub, size_t(ub.size()));
+}
+
+bool SqliteDialect::like(const QString &text, const QString &pattern)
+{
+    const QList<uint> t = text.toUcs4(), p = pattern.toUcs4();
+    return likeSeq(t, size_t(t.size()), p, size_t(p.size()));
+}
+
+QString SqliteDialect::floatToVarchar(double value)
+{
+    QString text = QString::asprintf("%.6g", value);
+    // The server writes exponents with three digits: 1.23457e+006.
+    static const QRegularExpression exponent(QStringLiteral(R"(e([+-])(\d+)$)"));
+    const auto m = exponent.match(text);
+    if (m.hasMatch())
+        text = text.left(m.capturedStart()) + u'e' + m.captured(1) + m.captured(2).rightJustified(3, u'0');
+    return text;
+}
+
+} // namespace Varnel_Controles

@@ -1,0 +1,38 @@
+// The embedded database speaks the library's T-SQL through this module: a small rewriter for
+// the statements the library issues, plus functions and a collation registered on the SQLite
+// handle, so that each statement gives the answers SQL Server gives.
+//
+// Rewrites: ISNULL → IFNULL; TOP n → LIMIT n (also in subqueries); CONVERT(VARCHAR, x) → the
+// server's number-to-text; a prefix LIKE on a column gains the equivalent range condition so
+// that it still seeks an index; dates written as dd/mm/yyyy (also with a leading blank) or by
+// FechaSQL become ISO dates where they meet a date column.
+// Registered: the collation MODERN_SPANISH_CI_AS (case-insensitive, accent-sensitive, Ñ after
+// N, trailing blanks ignored) used by every text column, LIKE with SQL Server's wildcards under
+// the same rules, LEN (trailing blanks not counted) and TSQL_VARCHAR.
+#pragma once
+
+#include <QString>
+
+struct sqlite3;
+
+namespace Varnel_Controles {
+
+class SqliteDialect
+{
+public:
+    /// The statement as SQLite runs it.
+    static QString adapt(const QString &tsql);
+    /// Registers the collation and functions on a connection handle.
+    static void registerFunctions(sqlite3 *handle);
+
+    /// Compares two texts as SQL Server's Modern_Spanish_CI_AS does (negative, 0, positive).
+    static int compare(const QString &a, const QString &b);
+    /// SQL Server's LIKE (% _ [abc] [a-z] [^a]) under the same case and accent rules.
+    static bool like(const QString &text, const QString &pattern);
+    /// The default conversion of a float to VARCHAR (12.5 gives "12.5", 1e7 gives "1e+007").
+    static QString floatToVarchar(double value);
+    /// Date columns whose literals are stored as ISO dates.
+    static bool isDateColumn(const QString &column);
+};
+
+} // namespace Varnel_Controles

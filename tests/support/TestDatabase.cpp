@@ -1,0 +1,98 @@
+#include "TestDatabase.h"
+
+#include "DemoData.h"
+
+#include <QCryptographicHash>
+#include <QFile>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QSqlRecord>
+#include <stdexcept>
+
+// Resources of a static library are registered by hand, outside any namespace.
+static void initSeedResource() { Q_INIT_RESOURCE(testsupport); }
+
+namespace Varnel_Controles::Testing {
+
+TestDatabase::TestDatabase(int demoArticles)
+{
+    m_path = m_dir.filePath(QStringLiteral("empresa.db"));
+    if (demoArticles > 0) {
+        Demo::Options o;
+        o.articulos = demoArticles;
+        Demo::generate(m_path, o);
+    } else {
+        Demo::createEmpty(m_path);
+    }
+    m_connection = Conexion::open(QStringLiteral("sqlite:") + m_path);
+    if (demoArticles == 0) {
+        initSeedResource();
+        QFile seed(QStringLiteral(":/testsupport/seed.sql"));
+        seed.open(QIODevice::ReadOnly);
+        QString text;
+        for (const QString &line : QString::fromUtf8(seed.readAll()).split(u'\n'))
+            if (!line.trimmed().startsWith(QLatin1String("--")))
+                text += line + u'\n';
+        QSqlQuery q(m_connection->database());
+        for (const QString &statement : text.split(QStringLiteral(";\n")))
+            if (!statement.trimmed().isEmpty() && !q.exec(statement))
+                throw std::runtime_error(("seed: " + q.lastError().text() + " in " + statement).toStdString());
+    }
+    Conexion::resetShared();
+    Conexion::setShared(m_connection);
+    QObject::connect(m_connection, &Conexion::Statement, m_connection,
+                     [this](const QString &sql) { statements << sql; });
+}
+
+TestDatabase::~TestDatabase()
+{
+    qDeleteAll(m_companies);
+    Conexion::resetShared();
+    delete m_connection;
+}
+
+cEmpresa *TestDatabase::empresa(qint16 code)
+{
+    auto *company = cEmpresa::Cargar(m_connection, code);
+    m_companies << company;
+    statements.clear();
+    return company;
+}
+
+QVariant TestDatabase::scalar(const QString &sql) const
+{
+    QSqlQuery q(m_connection->database());
+    if (!q.exec(m_connection->adapt(sql)) || !q.next())
+        return QVariant();
+    return q.value(0);
+}
+
+QStringList TestDatabase::rows(const QString &sql) const
+{
+    QSqlQuery q(m_connection->database());
+    QStringList out;
+    if (!q.exec(m_connection->adapt(sql)))
+        return {QStringLiteral("ERROR: ") + q.lastError().text()};
+    while (q.next()) {
+        QStringList cells;
+        for (int i = 0; i < q.record().count(); ++i)
+            cells << (q.value(i).isNull() ? QStringLiteral("NULL") : q.value(i).toString());
+        out << cells.join(u'|');
+    }
+    return out;
+}
+
+QString TestDatabase::fingerprint() const
+{
+    QSqlQuery tables(m_connection->database());
+    tables.exec(QStringLiteral("SELECT name FROM sqlite_master WHERE type='table' ORDER BY name"));
+    QCryptographicHash hash(QCryptographicHash::Sha1);
+    while (tables.next()) {
+        const QString table = tables.value(0).toString();
+        const QStringList all = rows(QStringLiteral("SELECT * FROM %1 ORDER BY 1, 2, 3").arg(table));
+        hash.addData((table + u':' + all.join(u'\n')).toUtf8());
+    }
+    return QString::fromLatin1(hash.result().toHex());
+}
+
+} // namespace Varnel_Controles::Testing
