@@ -15,4 +15,6 @@ public:
     virtual QString slug() const = 0;
     /// Puts the screen in a state worth a screenshot (sample input, focus).
     virtual void prepareScreenshot() {}
+    /// Dialogs of the screen worth a screenshot of their own, ready to show (owned by the caller).
+    virtual QList<QPair<QString, QWidget *>> screenshotDialogs() { return {}; }
 };

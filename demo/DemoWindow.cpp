@@ -55,6 +55,19 @@ QStringList DemoWindow::writeScreenshots(const QString &dir)
         const QString file = QDir(dir).filePath(QStringLiteral("%1-%2.png").arg(i + 1, 2, 10, QLatin1Char('0')).arg(m_screens[i]->slug()));
         if (grab().save(file))
             files << file;
+        int n = 0;
+        for (const auto &[slug, dialog] : m_screens[i]->screenshotDialogs()) {
+            dialog->show();
+            for (int k = 0; k < 10; ++k)
+                QApplication::processEvents();
+            const QString shot = QDir(dir).filePath(QStringLiteral("%1%2-%3.png")
+                                                        .arg(i + 1, 2, 10, QLatin1Char('0'))
+                                                        .arg(QChar(u'a' + n++))
+                                                        .arg(slug));
+            if (dialog->grab().save(shot))
+                files << shot;
+            delete dialog;
+        }
     }
     return files;
 }

@@ -2,6 +2,7 @@
 // with --screenshot DIR it renders each screen to a PNG file and exits.
 // The embedded demo database is created on first run.
 #include "DemoWindow.h"
+#include "PantallaBusquedas.h"
 #include "PantallaEntrada.h"
 
 #include "DemoData.h"
@@ -50,6 +51,7 @@ int main(int argc, char **argv)
         }
         conexion = Conexion::open(QStringLiteral("sqlite:") + path, &app);
         empresa = cEmpresa::Cargar(conexion, 1, &app);
+        Conexion::setShared(conexion); // the library-wide connection of every control and dialog
     } catch (const DbError &e) {
         err << e.Description() << "\n";
         return 1;
@@ -57,6 +59,7 @@ int main(int argc, char **argv)
 
     DemoWindow window(conexion, empresa);
     window.addScreen(new PantallaEntrada);
+    window.addScreen(new PantallaBusquedas(empresa));
 
     if (parser.isSet(screenshot)) {
         const QStringList files = window.writeScreenshots(parser.value(screenshot));

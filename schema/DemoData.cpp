@@ -242,6 +242,15 @@ private:
         return withForm ? name + u' ' + u(m_random.pick(kFormas)) : name;
     }
 
+    // The first two words of a company name, or the first alone before "Y" / "DE".
+    static QString shortName(const QString &name)
+    {
+        const QStringList words = name.split(u' ', Qt::SkipEmptyParts);
+        if (words.size() < 2 || words[1] == QLatin1String("Y") || words[1] == QLatin1String("DE"))
+            return words.value(0);
+        return words[0] + u' ' + words[1];
+    }
+
     QString tradeName() { return u(m_random.pick(kSilabasInicio)) + u(m_random.pick(kSilabasFin)); }
 
     void suppliers(const Company &c)
@@ -285,7 +294,7 @@ private:
                 const int first = m_random.below(int(countOf(kInstalaciones)));
                 for (int k = 1; k <= n; ++k)
                     inst.row(c.code, 1000 + i, k,
-                             name.section(u' ', 0, 1) + u(" - ") + u(kInstalaciones[(first + k) % countOf(kInstalaciones)]),
+                             shortName(name) + u(" - ") + u(kInstalaciones[(first + k) % countOf(kInstalaciones)]),
                              QStringLiteral("CALLE %1, %2").arg(u(m_random.pick(kApellidos))).arg(1 + m_random.below(120)));
             }
         }

@@ -14,7 +14,10 @@ inline bool showActive(QWidget &window)
 {
     window.show();
     window.activateWindow();
-    return QTest::qWaitForWindowActive(&window);
+    QTest::qWaitForWindowActive(&window);
+    if (!window.isActiveWindow()) // a window shown again after hiding is not activated offscreen
+        QApplication::setActiveWindow(&window);
+    return window.isActiveWindow();
 }
 
 /// Lets queued key injections arrive.
@@ -49,5 +52,8 @@ inline void typeText(QWidget *widget, const QString &text)
             typeChar(widget, c);
     }
 }
+
+/// Closes a shown window as its close box does (a close event from the window system).
+void pressCloseBox(QWidget &window);
 
 } // namespace Varnel_Controles::Testing

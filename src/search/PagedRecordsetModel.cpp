@@ -1,0 +1,107 @@
+#include "search/PagedRecordsetModel.h"
+
+#include "data/Recordset.h"
+
+namespace Varnel_Controles {
+
+PagedRecordsetModel::PagedRecordsetModel(int columns, int pageSize, QObject *parent)
+    : QAbstractTableModel(parent), m_columns(columns), m_pageSize(pageSize)
+{
+    for (int i = 0; i < columns; ++i)
+        m_alignment << (Qt::AlignLeft | Qt::AlignVCenter);
+}
+
+void PagedRecordsetModel::clear()
+{
+    beginResetModel();
+    m_rows.clear();
+    endResetModel();
+    m_lastTopRow = 0;
+}
+
+void PagedRecordsetModel::setSource(Recordset *recordset, RowText rowText)
+{
+    m_source = recordset;
+    m_rowText = std::move(rowText);
+}
+
+bool PagedRecordsetModel::sourceAtEnd() const
+{
+    return !m_source || !m_source->isOpen() || m_source->eof();
+}
+
+int PagedRecordsetModel::fetch(int count)
+{
+    int added = 0;
+    while (added < count && !sourceAtEnd()) {
+        addItem(m_rowText(*m_source));
+        m_source->moveNext();
+        ++added;
+    }
+    return added;
+}
+
+int PagedRecordsetModel::pageDown(int currentRow, const std::function<int()> &topRow)
+{
+    if (currentRow != rowCount() - 2 || !m_source || !m_source->isOpen())
+        return 0;
+    int added = 0;
+    while (added < m_pageSize && !sourceAtEnd()) {
+        added += fetch(1);
+        m_lastTopRow = topRow();
+    }
+    return added;
+}
+
+int PagedRecordsetModel::scrolled(int topRow)
+{
+    int added = 0;
+    if (topRow > m_lastTopRow && !sourceAtEnd())
+        added = fetch(1);
+    m_lastTopRow = topRow;
+    return added;
+}
+
+void PagedRecordsetModel::addItem(const QString &tabSeparated)
+{
+    const int row = int(m_rows.size());
+    beginInsertRows({}, row, row);
+    m_rows << tabSeparated.split(u'\t');
+    endInsertRows();
+}
+
+QString PagedRecordsetModel::cell(int row, int column) const
+{
+    if (row < 0 || row >= m_rows.size() || column < 0 || column >= m_rows[row].size())
+        return QString();
+    return m_rows[row][column];
+}
+
+void PagedRecordsetModel::setColumnAlignment(int column, Qt::Alignment alignment)
+{
+    if (column >= 0 && column < m_alignment.size())
+        m_alignment[column] = alignment;
+}
+
+int PagedRecordsetModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : int(m_rows.size());
+}
+
+int PagedRecordsetModel::columnCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : m_columns;
+}
+
+QVariant PagedRecordsetModel::data(const QModelIndex &index, int role) const
+{
+    if (!index.isValid())
+        return QVariant();
+    if (role == Qt::DisplayRole)
+        return cell(index.row(), index.column());
+    if (role == Qt::TextAlignmentRole)
+        return QVariant::fromValue(m_alignment.value(index.column()));
+    return QVariant();
+}
+
+} // namespace Varnel_Controles

@@ -1,0 +1,58 @@
+// The rows of a search grid, pulled on demand from a recordset that stays open: a page after
+// each search, another page when PageDown reaches the second-to-last row, one row for each
+// scroll that moves the top row down. Rows are never re-read (the recordset is forward-only).
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QStringList>
+#include <functional>
+
+namespace Varnel_Controles {
+
+class Recordset;
+
+class PagedRecordsetModel : public QAbstractTableModel
+{
+    Q_OBJECT
+
+public:
+    /// Turns the recordset's current row into the grid's row: cells separated by TAB.
+    using RowText = std::function<QString(const Recordset &)>;
+
+    PagedRecordsetModel(int columns, int pageSize, QObject *parent = nullptr);
+
+    int pageSize() const { return m_pageSize; }
+    /// Empties the grid and forgets the last top row (the recordset is left alone).
+    void clear();
+    /// Reads from `recordset` from now on (not owned; null stops the reading).
+    void setSource(Recordset *recordset, RowText rowText);
+    /// Adds up to `count` rows from the recordset; returns how many were added.
+    int fetch(int count);
+    /// PageDown on `currentRow`: a page is added only when it is the second-to-last row.
+    /// `topRow` is asked after each added row and kept as the last top row.
+    int pageDown(int currentRow, const std::function<int()> &topRow);
+    /// The grid scrolled: one row is added when the top row moved below the last one seen.
+    int scrolled(int topRow);
+    int lastTopRow() const { return m_lastTopRow; }
+    bool sourceAtEnd() const;
+
+    /// Adds one row from TAB-separated text.
+    void addItem(const QString &tabSeparated);
+    QString cell(int row, int column) const;
+    void setColumnAlignment(int column, Qt::Alignment alignment);
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    int columnCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role) const override;
+
+private:
+    int m_columns;
+    int m_pageSize;
+    int m_lastTopRow = 0;
+    QList<QStringList> m_rows;
+    QList<Qt::Alignment> m_alignment;
+    Recordset *m_source = nullptr;
+    RowText m_rowText;
+};
+
+} // namespace Varnel_Controles

@@ -1,0 +1,253 @@
+#include "search/frmBusqueda.h"
+
+#include "data/ContextoDatos.h"
+#include "data/DbError.h"
+#include "data/Recordset.h"
+#include "platform/KeyCodes.h"
+#include "platform/Legacy.h"
+#include "platform/LegacyColor.h"
+#include "platform/TextField.h"
+#include "search/PagedRecordsetModel.h"
+#include "search/SearchGrid.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+namespace Varnel_Controles {
+
+namespace {
+
+// Suspends the grid's repainting while rows are added, and the scroll notifications that
+// adding rows would cause; resumes both even on failure.
+class RedrawOff
+{
+public:
+    RedrawOff(QWidget *w, bool &adding) : m_widget(w), m_adding(adding), m_was(adding)
+    {
+        m_widget->setUpdatesEnabled(false);
+        m_adding = true;
+    }
+    ~RedrawOff()
+    {
+        m_adding = m_was;
+        m_widget->setUpdatesEnabled(true);
+    }
+
+private:
+    QWidget *m_widget;
+    bool &m_adding;
+    bool m_was;
+};
+
+} // namespace
+
+frmBusqueda::frmBusqueda(const QString &name, const QString &caption, const QString &label1,
+                         const QString &label2, int columns, int pageSize, QWidget *parent)
+    : QDialog(parent)
+    , lbl1(new QLabel(label1, this))
+    , lbl2(new QLabel(label2, this))
+    , txtNombre(new TextField(this))
+    , vsListado(new SearchGrid(this))
+    , cmdAceptar(new QPushButton(QStringLiteral("&Aceptar"), this))
+    , cmdCancelar(new QPushButton(QStringLiteral("&Cancelar"), this))
+    , m_filters(new QHBoxLayout)
+    , m_model(new PagedRecordsetModel(columns, pageSize, this))
+    , m_recordset(std::make_unique<Recordset>())
+{
+    setObjectName(name);
+    setWindowTitle(caption);
+    setModal(true);
+    lbl1->setObjectName(QStringLiteral("lbl1"));
+    lbl2->setObjectName(QStringLiteral("lbl2"));
+    txtNombre->setObjectName(QStringLiteral("txtNombre"));
+    vsListado->setObjectName(QStringLiteral("vsListado"));
+    cmdAceptar->setObjectName(QStringLiteral("cmdAceptar"));
+    cmdCancelar->setObjectName(QStringLiteral("cmdCancelar"));
+    lbl1->setBuddy(txtNombre);
+    lbl2->setBuddy(vsListado);
+    cmdAceptar->setAutoDefault(false);
+    cmdCancelar->setAutoDefault(false);
+    vsListado->setModel(m_model);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(lbl1);
+    m_filters->addWidget(txtNombre);
+    layout->addLayout(m_filters);
+    layout->addWidget(lbl2);
+    layout->addWidget(vsListado, 1);
+    auto *buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(cmdAceptar);
+    buttons->addWidget(cmdCancelar);
+    layout->addLayout(buttons);
+    resize(560, 430);
+
+    connectFilter(txtNombre);
+    connect(cmdAceptar, &QPushButton::clicked, this, &frmBusqueda::onAceptar);
+    connect(cmdCancelar, &QPushButton::clicked, this, &frmBusqueda::onCancelar);
+    connect(vsListado, &SearchGrid::KeyDown, this, &frmBusqueda::onGridKeyDown);
+    connect(vsListado, &SearchGrid::KeyPress, this, &frmBusqueda::onGridKeyPress);
+    connect(vsListado->verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
+        if (m_adding)
+            return;
+        RedrawOff redraw(vsListado, m_adding);
+        m_model->scrolled(vsListado->TopRow());
+    });
+}
+
+frmBusqueda::~frmBusqueda() = default;
+
+int frmBusqueda::pageSize() const { return m_model->pageSize(); }
+
+TextField *frmBusqueda::addFilter(const QString &name)
+{
+    auto *box = new TextField(this);
+    box->setObjectName(name);
+    connectFilter(box);
+    return box;
+}
+
+void frmBusqueda::connectFilter(TextField *box)
+{
+    connect(box, &TextField::KeyPress, this, [this, box](qint16 &keyAscii) {
+        if (keyAscii == 13) {
+            keyAscii = 0;
+            filterEnter(box);
+            return;
+        }
+        if (keyAscii > 0)
+            keyAscii = qint16(Legacy::UCaseChar(QChar(char16_t(keyAscii))).unicode());
+    });
+    connect(box, &TextField::KeyDown, this, [this, box](qint16 &keyCode, qint16 &) {
+        if (keyCode == KeyCodes::vbKeyDown && m_model->rowCount() > 0) {
+            focusGrid();
+            keyCode = 0;
+            return;
+        }
+        filterKeyDown(box, keyCode);
+    });
+}
+
+void frmBusqueda::paintFocus(TextField *box)
+{
+    connect(box, &TextField::GotFocus, box, [box] { box->setBackColor(LegacyColor::FocusBackColor); });
+    connect(box, &TextField::LostFocus, box, [box] { box->setBackColor(LegacyColor::WindowBackground); });
+}
+
+void frmBusqueda::setColumn(int column, int widthTwips, Qt::Alignment alignment)
+{
+    if (widthTwips > 0)
+        vsListado->setColWidth(column, widthTwips);
+    m_model->setColumnAlignment(column, alignment);
+}
+
+QString frmBusqueda::cell(int row, int column) const { return m_model->cell(row, column); }
+
+void frmBusqueda::focusGrid()
+{
+    if (m_model->rowCount() == 0)
+        return;
+    vsListado->setFocus();
+    vsListado->setRow(0);
+}
+
+void frmBusqueda::search(const QString &statement)
+{
+    RedrawOff redraw(vsListado, m_adding);
+    m_model->clear();
+    m_model->setSource(nullptr, {});
+    if (m_recordset->isOpen())
+        m_recordset->close();
+    m_recordset->open(statement, ContextoDatos().conexion());
+    m_model->setSource(m_recordset.get(), [this](const Recordset &rs) { return rowText(rs); });
+    m_model->fetch(m_model->pageSize());
+    // Only this last step may fail silently (a list preloaded before the dialog is shown).
+    focusGrid();
+}
+
+void frmBusqueda::filterEnter(TextField *)
+{
+    try {
+        searchFromFilters();
+    } catch (const DbError &e) {
+        reportError(e.Description(), objectName() + QStringLiteral("::Recuperar_Registros"));
+    }
+}
+
+void frmBusqueda::filterKeyDown(TextField *, qint16) {}
+
+void frmBusqueda::takeRow(int row)
+{
+    m_codigo = Legacy::CLng(Legacy::Val(cell(row, 0)));
+    m_nombre = cell(row, 1);
+}
+
+void frmBusqueda::clearResult()
+{
+    m_codigo = 0;
+    m_nombre.clear();
+}
+
+QString frmBusqueda::withTradeName(const QString &name, const QVariant &tradeName)
+{
+    if (tradeName.isNull() || tradeName.toString().isEmpty())
+        return name;
+    return name + QStringLiteral(" / ") + tradeName.toString();
+}
+
+void frmBusqueda::onGridKeyDown(qint16 &keyCode, qint16 &)
+{
+    if (keyCode == KeyCodes::vbKeyUp && vsListado->Row() == 0) {
+        txtNombre->setFocus();
+        keyCode = 0;
+    } else if (keyCode == KeyCodes::vbKeyPageDown) {
+        RedrawOff redraw(vsListado, m_adding);
+        m_model->pageDown(vsListado->Row(), [this] { return vsListado->TopRow(); });
+    }
+}
+
+void frmBusqueda::onGridKeyPress(qint16 &keyAscii)
+{
+    if (keyAscii == 13) {
+        keyAscii = 0;
+        onAceptar();
+    }
+}
+
+void frmBusqueda::onAceptar()
+{
+    if (m_model->rowCount() == 0)
+        return;
+    const int row = qMax(0, vsListado->Row());
+    hide();
+    QApplication::processEvents();
+    takeRow(row);
+}
+
+void frmBusqueda::onCancelar()
+{
+    hide();
+    QApplication::processEvents();
+    clearResult();
+}
+
+void frmBusqueda::closeEvent(QCloseEvent *event)
+{
+    if (event->spontaneous())
+        onCancelar(); // the close box acts as Cancel
+    else
+        hide();       // closed by the program: the result stays as it is
+    event->accept();
+}
+
+void frmBusqueda::reject()
+{
+    onCancelar(); // Escape, as Cancel
+}
+
+} // namespace Varnel_Controles

@@ -1,0 +1,332 @@
+// The three search dialogs that share the search pattern, run through the same cases.
+#include "data/DbError.h"
+#include "platform/LegacyColor.h"
+#include "platform/TextField.h"
+#include "search/SearchGrid.h"
+#include "search/frmBusqueda_Clientes.h"
+#include "search/frmBusqueda_Marcas.h"
+#include "search/frmBusqueda_Proveedores.h"
+#include "support/ScriptedUi.h"
+#include "support/TestDatabase.h"
+#include "support/Widgets.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTest>
+
+using namespace Varnel_Controles;
+
+namespace {
+
+struct Variant
+{
+    QString caption, label1, label2;
+    std::function<frmBusqueda *()> make;
+    std::function<void(frmBusqueda *, const QString &)> search;
+    std::function<qint32(frmBusqueda *)> codigo;
+    std::function<QString(frmBusqueda *)> nombre;
+    QString table;
+    QString insertRow;        // %1: a number from 0 to 99
+    QString pagingFilter;
+    int enterToSearch;        // Enter presses from the name box until the search runs
+    bool cyanFilter;
+};
+
+Variant variant(int i)
+{
+    const QString l1 = QStringLiteral("1 &Escriba los primeros dígitos o letras que está buscando.");
+    const QString l2 = QStringLiteral("2 &Haga click en una entrada y después en \"Aceptar\".");
+    switch (i) {
+    case 0:
+        return {QStringLiteral("Búsqueda de Marcas"), l1, l2,
+                [] { return new frmBusqueda_Marcas; },
+                [](frmBusqueda *d, const QString &t) { static_cast<frmBusqueda_Marcas *>(d)->Recuperar_Registros(t); },
+                [](frmBusqueda *d) { return static_cast<frmBusqueda_Marcas *>(d)->Codigo(); },
+                [](frmBusqueda *d) { return static_cast<frmBusqueda_Marcas *>(d)->Nombre_Marca(); },
+                QStringLiteral("Marcas"), QStringLiteral("INSERT INTO Marcas (Codigo, Nombre) VALUES (%1 + 100, 'PAGINA %1')"),
+                QStringLiteral("PAG"), 1, false};
+    case 1:
+        return {QStringLiteral("Búsqueda de Proveedores"), l1, l2,
+                [] { auto *d = new frmBusqueda_Proveedores; d->setEmpresa(1); return d; },
+                [](frmBusqueda *d, const QString &t) { static_cast<frmBusqueda_Proveedores *>(d)->Recuperar_Registros(t); },
+                [](frmBusqueda *d) { return static_cast<frmBusqueda_Proveedores *>(d)->Codigo(); },
+                [](frmBusqueda *d) { return static_cast<frmBusqueda_Proveedores *>(d)->Nombre_Proveedor(); },
+                QStringLiteral("Proveedores"),
+                QStringLiteral("INSERT INTO Proveedores (Cod_Empresa, Codigo, Nombre) VALUES (1, %1 + 1000, 'PAGINA %1')"),
+                QStringLiteral("PAG"), 1, true};
+    default:
+        return {QStringLiteral("Búsqueda de Clientes"),
+                QStringLiteral("1. &Escriba los primeros dígitos o letras que está buscando."),
+                QStringLiteral("2. &Haga click en una entrada y después en \"Aceptar\"."),
+                [] { auto *d = new frmBusqueda_Clientes; d->setEmpresa(1); return d; },
+                [](frmBusqueda *d, const QString &t) { static_cast<frmBusqueda_Clientes *>(d)->Recuperar_Registros(t, QString()); },
+                [](frmBusqueda *d) { return static_cast<frmBusqueda_Clientes *>(d)->Codigo(); },
+                [](frmBusqueda *d) { return static_cast<frmBusqueda_Clientes *>(d)->Nombre_Cliente(); },
+                QStringLiteral("Clientes"),
+                QStringLiteral("INSERT INTO Clientes (Cod_Empresa, Codigo, Nombre) VALUES (1, %1 + 5000, 'PAGINA %1')"),
+                QStringLiteral("PAG"), 2, true};
+    }
+}
+
+QStringList gridRows(frmBusqueda *d)
+{
+    auto *grid = d->findChild<SearchGrid *>(QStringLiteral("vsListado"));
+    QStringList rows;
+    for (int r = 0; r < grid->model()->rowCount(); ++r) {
+        QStringList cells;
+        for (int c = 0; c < grid->model()->columnCount(); ++c)
+            cells << grid->model()->index(r, c).data().toString();
+        rows << cells.join(u'\t');
+    }
+    return rows;
+}
+
+SearchGrid *grid(frmBusqueda *d) { return d->findChild<SearchGrid *>(QStringLiteral("vsListado")); }
+TextField *nameBox(frmBusqueda *d) { return d->findChild<TextField *>(QStringLiteral("txtNombre")); }
+
+} // namespace
+
+class tst_frmBusqueda : public QObject
+{
+    Q_OBJECT
+
+    void variants()
+    {
+        QTest::addColumn<int>("v");
+        QTest::newRow("marcas") << 0;
+        QTest::newRow("proveedores") << 1;
+        QTest::newRow("clientes") << 2;
+    }
+
+private slots:
+    void layoutTexts_data() { variants(); }
+    void layoutTexts()
+    {
+        QFETCH(int, v);
+        const Variant x = variant(v);
+        std::unique_ptr<frmBusqueda> d(x.make());
+        QCOMPARE(d->windowTitle(), x.caption);
+        QCOMPARE(d->findChild<QLabel *>(QStringLiteral("lbl1"))->text(), x.label1);
+        QCOMPARE(d->findChild<QLabel *>(QStringLiteral("lbl2"))->text(), x.label2);
+        QCOMPARE(d->findChild<QLabel *>(QStringLiteral("lbl1"))->buddy(), nameBox(d.get()));
+        QCOMPARE(d->findChild<QPushButton *>(QStringLiteral("cmdAceptar"))->text(), QStringLiteral("&Aceptar"));
+        QCOMPARE(d->findChild<QPushButton *>(QStringLiteral("cmdCancelar"))->text(), QStringLiteral("&Cancelar"));
+        QVERIFY(Testing::showActive(*d));
+        nameBox(d.get())->setFocus();
+        QCOMPARE(nameBox(d.get())->BackColor(), x.cyanFilter ? LegacyColor::FocusBackColor : LegacyColor::WindowBackground);
+        d->findChild<QPushButton *>(QStringLiteral("cmdAceptar"))->setFocus();
+        QCOMPARE(nameBox(d.get())->BackColor(), LegacyColor::WindowBackground);
+    }
+
+    void statementsAndResults_data()
+    {
+        QTest::addColumn<int>("v");
+        QTest::addColumn<int>("empresa");
+        QTest::addColumn<QString>("filter");
+        QTest::addColumn<QString>("statement");
+        QTest::addColumn<QStringList>("rows");
+        QTest::newRow("brands, prefix") << 0 << 1 << "AB"
+            << "SELECT Codigo, Nombre FROM Marcas  WHERE (Nombre like 'AB%') ORDER BY Nombre"
+            << QStringList{"7\tABADÍA", "5\tABC", "2\tABETO"};
+        QTest::newRow("brands, star inside") << 0 << 1 << "A*O"
+            << "SELECT Codigo, Nombre FROM Marcas  WHERE (Nombre like 'A%O%') ORDER BY Nombre" << QStringList{"2\tABETO"};
+        QTest::newRow("brands, trailing star") << 0 << 1 << "AB*"
+            << "SELECT Codigo, Nombre FROM Marcas  WHERE (Nombre like 'AB%') ORDER BY Nombre"
+            << QStringList{"7\tABADÍA", "5\tABC", "2\tABETO"};
+        QTest::newRow("brands, empty filter") << 0 << 1 << ""
+            << "SELECT Codigo, Nombre FROM Marcas  WHERE (Nombre like '%') ORDER BY Nombre"
+            << QStringList{"7\tABADÍA", "5\tABC", "2\tABETO", "1\tACME", "4\tBOSQUE", "3\tÑANDÚ"};
+        QTest::newRow("suppliers, found by trade name too") << 1 << 1 << "AB"
+            << "SELECT Codigo, Nombre, Nombre_Comercial FROM Proveedores  WHERE  Cod_Empresa = 1 And  (Nombre like 'AB%' Or Nombre_Comercial like 'AB%') ORDER BY Nombre"
+            << QStringList{"6\tÁBACO PAPELERÍA S.L. / ABACO", "4\tABAD MORENO, LUIS", "8\tabastos del norte s.a.",
+                           "3\tSUMINISTROS NORTE S.L. / abeto"};
+        QTest::newRow("suppliers, every company") << 1 << 0 << ""
+            << "SELECT Codigo, Nombre, Nombre_Comercial FROM Proveedores  WHERE  (Nombre like '%' Or Nombre_Comercial like '%') ORDER BY Nombre"
+            << QStringList{"6\tÁBACO PAPELERÍA S.L. / ABACO", "4\tABAD MORENO, LUIS", "3\tABALORIOS LEVANTE S.L.",
+                           "8\tabastos del norte s.a.", "123\tCOMERCIAL CIENTO VEINTITRÉS S.L.", "1\tGARCÍA Y PEÑA S.L. / IBERTEX",
+                           "7\tNANDO Y CIA S.L.", "2\tÑANDÚ DISTRIBUCIONES S.A.", "5\tO'BRIEN IMPORT S.L.",
+                           "99999\tPROVEEDOR CINCO NUEVES", "3\tSUMINISTROS NORTE S.L. / abeto", "1\tTEXTILES DEL SUR S.A. / TEXSUR"};
+        QTest::newRow("suppliers, apostrophe") << 1 << 1 << "O'B"
+            << "SELECT Codigo, Nombre, Nombre_Comercial FROM Proveedores  WHERE  Cod_Empresa = 1 And  (Nombre like 'O''B%' Or Nombre_Comercial like 'O''B%') ORDER BY Nombre"
+            << QStringList{"5\tO'BRIEN IMPORT S.L."};
+        QTest::newRow("customers and installations") << 2 << 1 << "AB"
+            << "SELECT c.Codigo, c.Nombre, c.Nombre_Comercial, Nif FROM Clientes c WHERE c.Cod_Empresa =1 AND (c.Nombre LIKE 'AB%' OR c.Nombre_Comercial LIKE 'AB%')"
+               " UNION SELECT ci.Cod_Cliente, ci.Nombre, '' AS Nombre_Comercial, '' AS Nif FROM Clientes_Instalaciones ci INNER JOIN Clientes c"
+               " ON c.Codigo = ci.Cod_Cliente AND c.Cod_Empresa = ci.Cod_Empresa WHERE ci.Cod_Empresa =1 AND (ci.Nombre LIKE 'AB%') ORDER BY Nombre"
+            << QStringList{"1001\tABASTOS LÓPEZ - ALMACÉN SUR\t", "1001\tABASTOS LÓPEZ - TIENDA CENTRO\t",
+                           "1001\tABASTOS LÓPEZ S.L. / ABALO\tB12345674", "1005\tABEDUL TERRAZA\t",
+                           "1005\tHOSTAL MIRADOR / ABEDUL\tB87654321"};
+        QTest::newRow("customers, company 0 still written") << 2 << 0 << "ZZ"
+            << "SELECT c.Codigo, c.Nombre, c.Nombre_Comercial, Nif FROM Clientes c WHERE c.Cod_Empresa =0 AND (c.Nombre LIKE 'ZZ%' OR c.Nombre_Comercial LIKE 'ZZ%')"
+               " UNION SELECT ci.Cod_Cliente, ci.Nombre, '' AS Nombre_Comercial, '' AS Nif FROM Clientes_Instalaciones ci INNER JOIN Clientes c"
+               " ON c.Codigo = ci.Cod_Cliente AND c.Cod_Empresa = ci.Cod_Empresa WHERE ci.Cod_Empresa =0 AND (ci.Nombre LIKE 'ZZ%') ORDER BY Nombre"
+            << QStringList{};
+    }
+    void statementsAndResults()
+    {
+        QFETCH(int, v);
+        QFETCH(int, empresa);
+        QFETCH(QString, filter);
+        QFETCH(QString, statement);
+        QFETCH(QStringList, rows);
+        Testing::TestDatabase db;
+        std::unique_ptr<frmBusqueda> d(variant(v).make());
+        if (auto *p = qobject_cast<frmBusqueda_Proveedores *>(d.get())) p->setEmpresa(qint16(empresa));
+        if (auto *c = qobject_cast<frmBusqueda_Clientes *>(d.get())) c->setEmpresa(qint16(empresa));
+        variant(v).search(d.get(), filter); // before the dialog is shown
+        QCOMPARE(db.statements, QStringList{statement});
+        QCOMPARE(gridRows(d.get()), rows);
+    }
+
+    void clerkFindsARecordWithTheKeyboard_data() { variants(); }
+    void clerkFindsARecordWithTheKeyboard()
+    {
+        QFETCH(int, v);
+        const Variant x = variant(v);
+        Testing::TestDatabase db;
+        std::unique_ptr<frmBusqueda> d(x.make());
+        QVERIFY(Testing::showActive(*d));
+        nameBox(d.get())->setFocus();
+        QTest::keyClicks(nameBox(d.get()), QStringLiteral("ab"));
+        QCOMPARE(nameBox(d.get())->text(), QStringLiteral("AB")); // upper-cased as typed
+        for (int i = 0; i < x.enterToSearch; ++i) {
+            QVERIFY(db.statements.isEmpty()); // no search before the last Enter
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        }
+        QCOMPARE(db.statements.size(), 1);
+        QCOMPARE(QApplication::focusWidget(), grid(d.get()));
+        QCOMPARE(grid(d.get())->Row(), 0);
+        QTest::keyClick(grid(d.get()), Qt::Key_Down);
+        QTest::keyClick(grid(d.get()), Qt::Key_Up);
+        QTest::keyClick(grid(d.get()), Qt::Key_Down);
+        const QStringList expected = gridRows(d.get())[1].split(u'\t');
+        QTest::keyClick(grid(d.get()), Qt::Key_Return);
+        QVERIFY(!d->isVisible());
+        QCOMPARE(x.codigo(d.get()), expected[0].toInt());
+        QCOMPARE(x.nombre(d.get()), expected[1]);
+
+        // Up on the first row goes back to the filter.
+        QVERIFY(Testing::showActive(*d));
+        grid(d.get())->setFocus();
+        grid(d.get())->setRow(0);
+        QTest::keyClick(grid(d.get()), Qt::Key_Up);
+        QCOMPARE(QApplication::focusWidget(), nameBox(d.get()));
+        QTest::keyClick(nameBox(d.get()), Qt::Key_Down);
+        QCOMPARE(QApplication::focusWidget(), grid(d.get()));
+    }
+
+    void cancelCloseBoxAndEmptyAccept_data() { variants(); }
+    void cancelCloseBoxAndEmptyAccept()
+    {
+        QFETCH(int, v);
+        const Variant x = variant(v);
+        Testing::TestDatabase db;
+        std::unique_ptr<frmBusqueda> d(x.make());
+        QVERIFY(Testing::showActive(*d));
+        d->findChild<QPushButton *>(QStringLiteral("cmdAceptar"))->click(); // empty grid
+        QVERIFY(d->isVisible());
+
+        x.search(d.get(), QStringLiteral("AB"));
+        QTest::keyClick(grid(d.get()), Qt::Key_Return);
+        QVERIFY(x.codigo(d.get()) != 0);
+        d->show();
+        d->findChild<QPushButton *>(QStringLiteral("cmdCancelar"))->click();
+        QVERIFY(!d->isVisible());
+        QCOMPARE(x.codigo(d.get()), 0);
+        QCOMPARE(x.nombre(d.get()), QString());
+
+        d->show();
+        QVERIFY(QTest::qWaitForWindowExposed(d.get()));
+        QTest::keyClick(grid(d.get()), Qt::Key_Return);
+        QVERIFY(x.codigo(d.get()) != 0);
+        d->show();
+        QVERIFY(QTest::qWaitForWindowExposed(d.get()));
+        Testing::pressCloseBox(*d);
+        QVERIFY(!d->isVisible());
+        QCOMPARE(x.codigo(d.get()), 0);
+        QCOMPARE(x.nombre(d.get()), QString());
+    }
+
+    void doubleClickDoesNotAccept()
+    {
+        Testing::TestDatabase db;
+        frmBusqueda_Marcas d;
+        QVERIFY(Testing::showActive(d));
+        d.Recuperar_Registros(QStringLiteral("AB"));
+        QWidget *viewport = grid(&d)->viewport();
+        QTest::mouseDClick(viewport, Qt::LeftButton, {}, grid(&d)->visualRect(grid(&d)->model()->index(1, 1)).center());
+        QVERIFY(d.isVisible());
+        QCOMPARE(d.Codigo(), 0);
+    }
+
+    void failureReachesTheCallerAndTheGridRecovers_data() { variants(); }
+    void failureReachesTheCallerAndTheGridRecovers()
+    {
+        QFETCH(int, v);
+        const Variant x = variant(v);
+        Testing::TestDatabase db;
+        Testing::ScriptedUi ui;
+        std::unique_ptr<frmBusqueda> d(x.make());
+        QVERIFY(Testing::showActive(*d));
+        x.search(d.get(), QString());
+        QVERIFY(!gridRows(d.get()).isEmpty());
+        db.conexion()->execute(QStringLiteral("ALTER TABLE %1 RENAME TO Fuera").arg(x.table));
+        QVERIFY_THROWS_EXCEPTION(DbError, x.search(d.get(), QString()));
+        QVERIFY(gridRows(d.get()).isEmpty());
+
+        // From the dialog's own Enter the failure is reported, not raised.
+        nameBox(d.get())->setFocus();
+        for (int i = 0; i < x.enterToSearch; ++i)
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        QCOMPARE(ui.messages.size(), 1);
+        QCOMPARE(ui.messages[0].style, 16);
+        QCOMPARE(ui.messages[0].title, d->objectName() + QStringLiteral("::Recuperar_Registros"));
+
+        db.conexion()->execute(QStringLiteral("ALTER TABLE Fuera RENAME TO %1").arg(x.table));
+        x.search(d.get(), QString());
+        QVERIFY(!gridRows(d.get()).isEmpty());
+        QVERIFY(grid(d.get())->updatesEnabled());
+    }
+
+    void pagingThroughTheGrid_data() { variants(); }
+    void pagingThroughTheGrid()
+    {
+        QFETCH(int, v);
+        const Variant x = variant(v);
+        Testing::TestDatabase db;
+        for (int i = 0; i < 40; ++i)
+            db.conexion()->execute(x.insertRow.arg(i));
+        std::unique_ptr<frmBusqueda> d(x.make());
+        d->resize(560, 700); // a whole page visible: moving within it does not scroll
+        QVERIFY(Testing::showActive(*d));
+        x.search(d.get(), x.pagingFilter);
+        SearchGrid *g = grid(d.get());
+        QCOMPARE(g->Rows(), 14);
+        QCOMPARE(g->TopRow(), 0);
+        g->setRow(13);
+        QTest::keyClick(g, Qt::Key_PageDown); // last row: nothing
+        QCOMPARE(g->Rows(), 14);
+        g->setRow(12);
+        QTest::keyClick(g, Qt::Key_PageDown); // second-to-last: a page (and a row more if the
+        QCOMPARE(g->Rows(), g->TopRow() > 0 ? 29 : 28); // grid's own paging scrolled it)
+        const int loaded = g->Rows();
+        d->resize(560, 300); // now fewer rows than loaded are visible
+        QApplication::processEvents();
+        g->scrollToTop();
+        QCOMPARE(g->Rows(), loaded); // scrolling up loads nothing
+        g->verticalScrollBar()->setValue(1); // the top row moves down: one more
+        QCOMPARE(g->Rows(), loaded + 1);
+        g->verticalScrollBar()->setValue(1);
+        QCOMPARE(g->Rows(), loaded + 1);
+
+        x.search(d.get(), QStringLiteral("PAGINA 1")); // fewer than 15 matches
+        QCOMPARE(g->Rows(), 11);
+        g->setRow(9);
+        QTest::keyClick(g, Qt::Key_PageDown);
+        QCOMPARE(g->Rows(), 11);
+    }
+};
+
+QTEST_MAIN(tst_frmBusqueda)
+#include "tst_frmBusqueda.moc"
