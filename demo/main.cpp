@@ -4,6 +4,7 @@
 #include "DemoWindow.h"
 #include "PantallaBusquedas.h"
 #include "PantallaEntrada.h"
+#include "PantallaRangos.h"
 
 #include "DemoData.h"
 
@@ -60,6 +61,7 @@ int main(int argc, char **argv)
     DemoWindow window(conexion, empresa);
     window.addScreen(new PantallaEntrada);
     window.addScreen(new PantallaBusquedas(empresa));
+    window.addScreen(new PantallaRangos(empresa));
 
     if (parser.isSet(screenshot)) {
         const QStringList files = window.writeScreenshots(parser.value(screenshot));

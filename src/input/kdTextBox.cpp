@@ -34,6 +34,13 @@ kdTextBox::kdTextBox(QWidget *parent)
     connect(txtTexto, &TextField::LostFocus, this, &kdTextBox::onLostFocus);
 }
 
+// The inner field loses the focus while it is destroyed: its events must not reach a control
+// that is already half gone.
+kdTextBox::~kdTextBox()
+{
+    txtTexto->disconnect(this);
+}
+
 void kdTextBox::SelectText()
 {
     txtTexto->setSelection(0, int(txtTexto->text().size()));
@@ -123,7 +130,7 @@ void kdTextBox::onGotFocus()
             SelectText();
         }
     }
-    if (m_changeColorOnFocus && m_enabled) {
+    if (m_changeColorOnFocus && Enabled()) {
         txtTexto->setBackColor(LegacyColor::FocusBackColor);
         Refresh();
     }
@@ -131,30 +138,20 @@ void kdTextBox::onGotFocus()
 
 void kdTextBox::onLostFocus()
 {
-    if (m_changeColorOnFocus && m_enabled)
+    if (m_changeColorOnFocus && Enabled())
         txtTexto->setBackColor(LegacyColor::WindowBackground);
 }
 
-void kdTextBox::applyEnabledColor()
+// Enabled: the window colour (any host colour is replaced); disabled: light grey.
+void kdTextBox::enabledChanged(bool enabled)
 {
-    txtTexto->setBackColor(m_enabled ? LegacyColor::WindowBackground : LegacyColor::DisabledBackColor);
+    txtTexto->setBackColor(enabled ? LegacyColor::WindowBackground : LegacyColor::DisabledBackColor);
     Refresh();
 }
 
-void kdTextBox::changeEvent(QEvent *event)
+void kdTextBox::fontChanged()
 {
-    if (event->type() == QEvent::EnabledChange) {
-        const bool enabled = !testAttribute(Qt::WA_ForceDisabled);
-        if (enabled != m_enabled) {
-            m_enabled = enabled;
-            applyEnabledColor();
-            notify("Enabled");
-        }
-    } else if (event->type() == QEvent::FontChange) {
-        txtTexto->setFont(font());
-        notify("Font");
-    }
-    UserControl::changeEvent(event);
+    txtTexto->setFont(font());
 }
 
 void kdTextBox::keyPressEvent(QKeyEvent *event)
@@ -182,11 +179,7 @@ void kdTextBox::ReadProperties(const PropertyBag &bag)
     txtTexto->setBackColor(quint32(bag.ReadProperty("BackColor", LegacyColor::WindowBackground).toLongLong()));
     txtTexto->setForeColor(quint32(bag.ReadProperty("ForeColor", LegacyColor::WindowText).toLongLong()));
     const bool enabled = readBool(bag, "Enabled", true);
-    const QVariant font = bag.ReadProperty("Font", QVariant::fromValue(AmbientFont()));
-    if (font.typeId() == qMetaTypeId<StdFont>() && font.value<StdFont>() != AmbientFont())
-        QWidget::setFont(font.value<StdFont>().toQFont());
-    else
-        QWidget::setFont(QFont()); // back to the host's font
+    readFont(bag);
     txtTexto->setAppearance(qint16(bag.ReadProperty("Appearance", 1).toInt()));
     txtTexto->setBorderStyle(qint16(bag.ReadProperty("BorderStyle", 1).toInt()));
     txtTexto->setAlignment(qint16(bag.ReadProperty("Alignment", 0).toInt()));
@@ -210,17 +203,15 @@ void kdTextBox::ReadProperties(const PropertyBag &bag)
     m_keyEnterChangeFocus = readBool(bag, "KeyEnterChangeFocus", true);
 
     // The persisted back colour always gives way to the enabled state's colour.
-    m_enabled = enabled;
-    applyEnabledColor();
-    QWidget::setEnabled(enabled);
+    applyEnabled(enabled);
 }
 
 void kdTextBox::WriteProperties(PropertyBag &bag) const
 {
     bag.WriteProperty("BackColor", QVariant::fromValue(txtTexto->BackColor()), LegacyColor::WindowBackground);
     bag.WriteProperty("ForeColor", QVariant::fromValue(txtTexto->ForeColor()), LegacyColor::WindowText);
-    bag.WriteProperty("Enabled", m_enabled, true);
-    bag.WriteProperty("Font", QVariant::fromValue(StdFont::fromQFont(Font())), QVariant::fromValue(AmbientFont()));
+    bag.WriteProperty("Enabled", Enabled(), true);
+    writeFont(bag, Font());
     bag.WriteProperty("Appearance", Appearance(), 1);
     bag.WriteProperty("BorderStyle", BorderStyle(), 1);
     bag.WriteProperty("Alignment", Alignment(), 0);

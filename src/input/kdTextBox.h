@@ -46,6 +46,7 @@ class kdTextBox : public UserControl
 
 public:
     explicit kdTextBox(QWidget *parent = nullptr);
+    ~kdTextBox() override;
 
     /// Caret to 0 and the whole text selected.
     Q_INVOKABLE void SelectText();
@@ -54,9 +55,6 @@ public:
     void setBackColor(quint32 color);
     quint32 ForeColor() const;
     void setForeColor(quint32 color);
-    /// The last enabled state given (QWidget::setEnabled sets it, with the colour rule:
-    /// window colour when enabled, 0xE0E0E0 when disabled).
-    bool Enabled() const { return m_enabled; }
     /// The field's font; QWidget::setFont sets it (and notifies "Font").
     QFont Font() const;
     qint16 Appearance() const;
@@ -140,14 +138,14 @@ signals:
 protected:
     void resizeEvent(QResizeEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
-    void changeEvent(QEvent *event) override;
+    void enabledChanged(bool enabled) override;
+    void fontChanged() override;
 
 private:
     void onKeyDown(qint16 &keyCode, qint16 &shift);
     void onKeyPress(qint16 &keyAscii);
     void onGotFocus();
     void onLostFocus();
-    void applyEnabledColor();
 
     TextField *txtTexto;
     qint32 m_typeOfValues = Alfanumeric;
@@ -159,7 +157,6 @@ private:
     QString m_initValue;
     bool m_keyUpChangeFocus = true;
     bool m_keyEnterChangeFocus = true;
-    bool m_enabled = true;
     bool m_causesValidation = true;
 };
 

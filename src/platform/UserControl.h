@@ -24,6 +24,9 @@ public:
 
     /// The host's font: the parent widget's, or the application's without a parent.
     StdFont AmbientFont() const;
+    /// The last enabled state given to the control itself (QWidget::setEnabled); a disabled
+    /// parent does not change it.
+    bool Enabled() const { return m_enabled; }
 
 signals:
     /// A persisted property was assigned; `key` is its persisted key.
@@ -31,9 +34,23 @@ signals:
 
 protected:
     void notify(const char *key) { emit PropertyChanged(QString::fromLatin1(key)); }
+    /// The enabled state was given (by QWidget::setEnabled or a load); "Enabled" is notified after.
+    virtual void enabledChanged(bool) {}
+    /// The font changed (QWidget::setFont or a load); "Font" is notified after.
+    virtual void fontChanged() {}
+    /// Loads the persisted "Enabled" key's state without waiting for a change event.
+    void applyEnabled(bool enabled);
+    /// Reads "Font" (default: the ambient font) into the control's font.
+    void readFont(const PropertyBag &bag);
+    /// Writes "Font" against the ambient font.
+    void writeFont(PropertyBag &bag, const QFont &font) const;
+    void changeEvent(QEvent *event) override;
     /// Reads a Boolean key: any non-zero number is True.
     static bool readBool(const PropertyBag &bag, const char *key, bool defaultValue);
     static bool toBool(const QVariant &value);
+
+private:
+    bool m_enabled = true;
 };
 
 } // namespace Varnel_Controles
