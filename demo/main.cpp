@@ -3,6 +3,7 @@
 // The embedded demo database is created on first run.
 #include "DemoWindow.h"
 #include "PantallaBusquedas.h"
+#include "PantallaCodigosBarras.h"
 #include "PantallaEntrada.h"
 #include "PantallaRangos.h"
 
@@ -62,6 +63,7 @@ int main(int argc, char **argv)
     window.addScreen(new PantallaEntrada);
     window.addScreen(new PantallaBusquedas(empresa));
     window.addScreen(new PantallaRangos(empresa));
+    window.addScreen(new PantallaCodigosBarras(conexion, empresa));
 
     if (parser.isSet(screenshot)) {
         const QStringList files = window.writeScreenshots(parser.value(screenshot));

@@ -1,0 +1,47 @@
+// Issues automatic barcodes for consecutive articles of company 1 from its own connection,
+// storing each as the article's automatic barcode, and prints them.
+// Usage: kd_crearauto_worker DATABASE COUNT FIRST_ARTICLE
+#include "articles/clsArticulo_CBarra.h"
+#include "data/Conexion.h"
+#include "data/DbError.h"
+#include "data/cEmpresa.h"
+
+#include <QCoreApplication>
+#include <QTextStream>
+
+using namespace Varnel_Controles;
+
+int main(int argc, char **argv)
+{
+    QCoreApplication app(argc, argv);
+    QTextStream out(stdout), err(stderr);
+    if (argc != 4) {
+        err << "uso: kd_crearauto_worker BASE CANTIDAD PRIMER_ARTICULO\n";
+        return 2;
+    }
+    try {
+        Conexion *c = Conexion::open(QStringLiteral("sqlite:") + QString::fromLocal8Bit(argv[1]));
+        cEmpresa empresa(1);
+        clsArticulo_CBarra barcode;
+        barcode.setConexion(c);
+        barcode.setCEmpresa(&empresa);
+        const int count = QByteArray(argv[2]).toInt();
+        const int first = QByteArray(argv[3]).toInt();
+        for (int i = 0; i < count; ++i) {
+            barcode.setCod_Articulo(first + i);
+            const QString code = barcode.CrearAuto();
+            barcode.setCod_Barras(code);
+            barcode.setPrincipal(false);
+            barcode.setAutomatico(true);
+            barcode.setUnidades(1);
+            barcode.Insertar();
+            out << code << "\n";
+        }
+        out.flush();
+        delete c;
+    } catch (const DbError &e) {
+        err << e.Source() << ": " << e.Description() << "\n";
+        return 1;
+    }
+    return 0;
+}
