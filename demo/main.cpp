@@ -5,6 +5,7 @@
 #include "PantallaBusquedas.h"
 #include "PantallaCodigosBarras.h"
 #include "PantallaEntrada.h"
+#include "PantallaListado.h"
 #include "PantallaRangos.h"
 
 #include "DemoData.h"
@@ -64,6 +65,7 @@ int main(int argc, char **argv)
     window.addScreen(new PantallaBusquedas(empresa));
     window.addScreen(new PantallaRangos(empresa));
     window.addScreen(new PantallaCodigosBarras(conexion, empresa));
+    window.addScreen(new PantallaListado);
 
     if (parser.isSet(screenshot)) {
         const QStringList files = window.writeScreenshots(parser.value(screenshot));

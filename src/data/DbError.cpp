@@ -6,12 +6,6 @@
 
 namespace Varnel_Controles {
 
-DbError::DbError(qint32 number, QString description, QString source)
-    : m_number(number), m_description(std::move(description)), m_source(std::move(source))
-    , m_what(m_description.toStdString())
-{
-}
-
 DbError DbError::fromSql(const QSqlError &error, const QString &statement)
 {
     bool numeric = false;
@@ -28,7 +22,7 @@ DbError DbError::fromSql(const QSqlError &error, const QString &statement)
 
 DbError DbError::withSource(const QString &source) const
 {
-    return DbError(m_number, m_description, source);
+    return DbError(Number(), Description(), source);
 }
 
 void reportError(const QString &description, const QString &title)

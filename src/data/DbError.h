@@ -3,40 +3,25 @@
 // throws it on to its caller with its own source text.
 #pragma once
 
+#include "platform/LegacyError.h"
+
 #include <QString>
-#include <exception>
-#include <string>
 
 class QSqlError;
 
 namespace Varnel_Controles {
 
-class DbError : public std::exception
+class DbError : public LegacyError
 {
 public:
-    enum : qint32 {
-        ObjectNotSet = 91,          // no connection or no company object
-        InvalidUseOfNull = 94,      // NULL where text was expected
-        ProviderError = -2147467259 // 0x80004005: failure reported by the database
-    };
+    enum : qint32 { ProviderError = -2147467259 }; // 0x80004005: failure reported by the database
 
-    DbError(qint32 number, QString description, QString source = QString());
+    using LegacyError::LegacyError;
     /// The error of a failed statement, with the driver's text.
     static DbError fromSql(const QSqlError &error, const QString &statement);
 
-    qint32 Number() const { return m_number; }
-    QString Description() const { return m_description; }
-    QString Source() const { return m_source; }
     /// The same error with another source (a class rethrowing under its own location text).
     DbError withSource(const QString &source) const;
-
-    const char *what() const noexcept override { return m_what.c_str(); }
-
-private:
-    qint32 m_number;
-    QString m_description;
-    QString m_source;
-    std::string m_what;
 };
 
 /// Shows the error's description in a critical message box (style 16) titled `title`,

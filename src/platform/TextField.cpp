@@ -161,7 +161,7 @@ void TextField::keyPressEvent(QKeyEvent *event)
     if (originalAscii == 0) {
         // A key that types nothing: the host may cancel its editing action by zeroing KeyCode.
         if (keyCode != 0)
-            QLineEdit::keyPressEvent(event);
+            applyKey(event);
         else
             event->accept();
         return;
@@ -169,9 +169,19 @@ void TextField::keyPressEvent(QKeyEvent *event)
     qint16 keyAscii = originalAscii;
     emit KeyPress(keyAscii);
     if (keyAscii == originalAscii)
-        QLineEdit::keyPressEvent(event);
+        applyKey(event);
     else
         deliverCharacter(event, keyAscii);
+}
+
+void TextField::applyKey(QKeyEvent *event)
+{
+    QLineEdit::keyPressEvent(event);
+}
+
+void TextField::insertTyped(const QString &text)
+{
+    insert(text);
 }
 
 // The field receives a character other than the one typed (changed by the filter or the host).
@@ -182,12 +192,12 @@ void TextField::deliverCharacter(QKeyEvent *original, qint16 keyAscii)
         return;
     if (keyAscii == 8) {
         QKeyEvent backspace(QEvent::KeyPress, Qt::Key_Backspace, Qt::NoModifier, QStringLiteral("\b"));
-        QLineEdit::keyPressEvent(&backspace);
+        applyKey(&backspace);
     } else if (keyAscii == 13) {
         QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
-        QLineEdit::keyPressEvent(&enter);
+        applyKey(&enter);
     } else if (keyAscii >= 32 && !isReadOnly()) {
-        insert(QString(QChar(char16_t(keyAscii))));
+        insertTyped(QString(QChar(char16_t(keyAscii))));
     }
 }
 

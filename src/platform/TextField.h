@@ -57,6 +57,11 @@ signals:
     void Change();
 
 protected:
+    /// What the field does with a key once the events were raised (the line edit's editing).
+    virtual void applyKey(QKeyEvent *event);
+    /// A typed character other than the key's own (changed by a filter or the host).
+    virtual void insertTyped(const QString &text);
+
     void keyPressEvent(QKeyEvent *event) override;
     void keyReleaseEvent(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;

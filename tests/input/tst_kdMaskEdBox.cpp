@@ -1,0 +1,164 @@
+#include "input/kdMaskEdBox.h"
+#include "platform/LegacyColor.h"
+#include "platform/TextField.h"
+#include "support/Widgets.h"
+
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTest>
+#include <QVBoxLayout>
+
+using namespace Varnel_Controles;
+
+namespace {
+
+struct Form
+{
+    QWidget window;
+    QLineEdit *before, *after;
+    kdMaskEdBox *date;
+    Form()
+    {
+        auto *layout = new QVBoxLayout(&window);
+        before = new QLineEdit(&window);
+        date = new kdMaskEdBox(&window);
+        after = new QLineEdit(&window);
+        layout->addWidget(before);
+        layout->addWidget(date);
+        layout->addWidget(after);
+    }
+    QLineEdit *field() const { return date->findChild<QLineEdit *>(QStringLiteral("txtTexto")); }
+};
+
+} // namespace
+
+class tst_kdMaskEdBox : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void dateCompletionOnEnter_data()
+    {
+        QTest::addColumn<bool>("functionDate");
+        QTest::addColumn<QString>("defaultDate");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<bool>("moved");
+        const QString today = QDate::currentDate().toString(QStringLiteral("dd/MM/yyyy"));
+        QTest::newRow("empty: today") << true << "" << "" << today << true;
+        QTest::newRow("empty: the default") << true << "1/11/2026" << "" << "01/11/2026" << true;
+        QTest::newRow("empty, default no date: today") << true << "MAÑANA" << "" << today << true;
+        QTest::newRow("short date written out") << true << "" << "1/2/08" << "01/02/2008" << true;
+        QTest::newRow("full date") << true << "" << "15032024" << "15/03/2024" << true;
+        QTest::newRow("no such day: emptied, focus kept") << true << "" << "31022008" << "" << false;
+        QTest::newRow("half a date: emptied") << true << "" << "12" << "" << false;
+        QTest::newRow("date mode off: untouched") << false << "" << "1/2/08" << "1 /2 /08  " << true;
+    }
+    void dateCompletionOnEnter()
+    {
+        QFETCH(bool, functionDate);
+        QFETCH(QString, defaultDate);
+        QFETCH(QString, typed);
+        QFETCH(QString, text);
+        QFETCH(bool, moved);
+        Form f;
+        f.date->setFunctionDate(functionDate);
+        f.date->setDefault(defaultDate);
+        QVERIFY(Testing::showActive(f.window));
+        f.date->setFocus();
+        QStringList events;
+        connect(f.date, &kdMaskEdBox::Change, this, [&] { events << QStringLiteral("Change"); });
+        connect(f.date, &kdMaskEdBox::KeyPress, this, [&](qint16 &k) { if (k == 13) events << QStringLiteral("13"); });
+        QTest::keyClicks(f.field(), typed);
+        events.clear();
+        QTest::keyClick(f.field(), Qt::Key_Return);
+        QCOMPARE(f.date->Text(), text);
+        QCOMPARE(events.last(), QStringLiteral("13")); // the host's KeyPress comes after the completion
+        Testing::settle();
+        QCOMPARE(QApplication::focusWidget(), moved ? static_cast<QWidget *>(f.after) : f.field());
+    }
+
+    void maskRefusesWhatItCannotHold()
+    {
+        Form f;
+        QList<qint16> positions;
+        QStringList texts;
+        connect(f.date, &kdMaskEdBox::ValidationError, this, [&](QString &t, qint16 &p) { texts << t; positions << p; });
+        QTest::keyClicks(f.field(), QStringLiteral("1x"));
+        QCOMPARE(f.date->FormattedText(), QStringLiteral("1 /  /    "));
+        QCOMPARE(positions, QList<qint16>{1});
+        f.date->setText(QStringLiteral("AB/01/2020")); // assigned: refused as a whole
+        QCOMPARE(positions.last(), qint16(0));
+        QCOMPARE(f.date->FormattedText(), QStringLiteral("1 /  /    "));
+        QTest::keyClick(f.field(), Qt::Key_Backspace);
+        QCOMPARE(f.date->Text(), QString());
+    }
+
+    void focusArrival()
+    {
+        Form f;
+        QVERIFY(Testing::showActive(f.window));
+        f.date->setText(QStringLiteral("05/06/2024"));
+        f.date->setFocus();
+        QCOMPARE(f.field()->selectedText(), QStringLiteral("05/06/2024"));
+        QCOMPARE(f.date->BackColor(), LegacyColor::FocusBackColor);
+        f.after->setFocus();
+        QCOMPARE(f.date->BackColor(), LegacyColor::WindowBackground);
+        QCOMPARE(f.date->Text(), QStringLiteral("05/06/2024")); // no date check when leaving
+
+        f.date->setText(QString());
+        f.date->setFocus();
+        QCOMPARE(f.field()->selectedText(), QString());
+        QCOMPARE(f.field()->cursorPosition(), 0);
+        QTest::keyClick(f.field(), Qt::Key_Up, Qt::ControlModifier);
+        Testing::settle();
+        QCOMPARE(QApplication::focusWidget(), f.before);
+    }
+
+    void newInstanceAndLoadDefaultsDiffer()
+    {
+        kdMaskEdBox fresh;
+        QCOMPARE(fresh.Mask(), QStringLiteral("##/##/####"));
+        QCOMPARE(fresh.PromptChar(), QStringLiteral(" "));
+        QVERIFY(!fresh.PromptInclude());
+        QVERIFY(!fresh.FunctionDate());
+
+        kdMaskEdBox loaded;
+        loaded.ReadProperties(PropertyBag());
+        QCOMPARE(loaded.Mask(), QString());
+        QCOMPARE(loaded.PromptChar(), QStringLiteral("_"));
+        QVERIFY(loaded.PromptInclude());
+        QVERIFY(loaded.FunctionDate());
+        QCOMPARE(loaded.MaxLength(), qint16(64));
+    }
+
+    void persistedRoundTrip()
+    {
+        kdMaskEdBox box;
+        box.setMask(QStringLiteral("##:##"));
+        box.setText(QStringLiteral("09:30"));
+        box.setFormat(QStringLiteral("hh:nn"));
+        box.setAutoTab(true);
+        box.setClipMode(1);
+        box.setSelectionOnFocus(false);
+        box.setWhatsThisHelpID(7);
+        box.setToolTipText(QStringLiteral("Hora"));
+        box.setBackColor(0xFF);
+        PropertyBag bag;
+        box.WriteProperties(bag);
+        const QString text = bag.toText();
+        QVERIFY2(text.contains(QLatin1String("ChangeColorOnFocus=   -1  'True")), qPrintable(text)); // True against 1
+        QVERIFY(text.contains(QLatin1String("FunctionDate    =   0   'False")));
+        kdMaskEdBox back;
+        back.ReadProperties(PropertyBag::fromText(text));
+        for (const char *p : {"Mask", "Text", "Format", "AutoTab", "ClipMode", "SelectionOnFocus", "WhatsThisHelpID",
+                              "ToolTipText", "PromptChar", "PromptInclude", "FunctionDate"})
+            QVERIFY2(back.property(p) == box.property(p), p);
+        QCOMPARE(back.BackColor(), LegacyColor::WindowBackground); // replaced at load
+        back.ReadProperties(PropertyBag::fromText(QStringLiteral("Enabled = 0 'False\n")));
+        QCOMPARE(back.BackColor(), LegacyColor::DisabledBackColor);
+    }
+};
+
+QTEST_MAIN(tst_kdMaskEdBox)
+#include "tst_kdMaskEdBox.moc"
