@@ -2,6 +2,9 @@
 #pragma once
 
 #include <QElapsedTimer>
+#include <QSqlDatabase>
+#include <QSqlQuery>
+#include <QStringList>
 #include <QString>
 #include <QTextStream>
 #include <algorithm>
@@ -29,6 +32,19 @@ inline void report(const QString &what, qint64 subjectNs, const QString &baselin
         << baseline << ": " << QString::number(baselineNs / 1e3 / units, 'f', 2) << " us; ratio "
         << QString::number(double(subjectNs) / double(std::max<qint64>(1, baselineNs)), 'f', 2) << "\n";
     out.flush();
+}
+
+/// The baseline of the lookups: each statement run through the raw driver, first value read.
+inline void rawQueries(const QSqlDatabase &db, const QStringList &statements)
+{
+    QString sink;
+    for (const QString &sql : statements) {
+        QSqlQuery q(db);
+        q.setForwardOnly(true);
+        q.exec(sql);
+        if (q.next())
+            sink = q.value(0).toString();
+    }
 }
 
 } // namespace bench

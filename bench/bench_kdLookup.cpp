@@ -37,16 +37,7 @@ int main(int argc, char **argv)
             QApplication::sendEvent(box, &enter);
         }
     });
-    QString sink;
-    const qint64 raw = bench::best(5, [&] {
-        for (int i = 0; i < lookups; ++i) {
-            QSqlQuery q(c->database());
-            q.setForwardOnly(true);
-            q.exec(adapted[i]);
-            if (q.next())
-                sink = q.value(0).toString();
-        }
-    });
+    const qint64 raw = bench::best(5, [&] { bench::rawQueries(c->database(), adapted); });
     if (lookup.Nombre().isEmpty())
         return 1;
     bench::report(QStringLiteral("kdProveedor, Enter to name (100,000 suppliers)"), control,

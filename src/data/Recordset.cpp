@@ -97,7 +97,7 @@ void Recordset::loadAll(const QString &tsql, const QString &adapted)
         throw DbError::fromSql(q.lastError(), tsql);
 }
 
-void Recordset::openKeyset(const QString &tsql, Conexion *connection, const QString &table, const QStringList &keyColumns)
+void Recordset::prepareKeyset(Conexion *connection, const QString &table, const QStringList &keyColumns)
 {
     close();
     if (!connection)
@@ -105,6 +105,11 @@ void Recordset::openKeyset(const QString &tsql, Conexion *connection, const QStr
     m_connection = connection;
     m_table = table;
     m_keyColumns = keyColumns;
+}
+
+void Recordset::openKeyset(const QString &tsql, Conexion *connection, const QString &table, const QStringList &keyColumns)
+{
+    prepareKeyset(connection, table, keyColumns);
     connection->trace(tsql);
     loadAll(tsql, connection->adapt(withKeyColumns(tsql, table, keyColumns)));
     m_mode = Keyset;
@@ -113,12 +118,7 @@ void Recordset::openKeyset(const QString &tsql, Conexion *connection, const QStr
 
 void Recordset::openLocked(const QString &tsql, Conexion *connection, const QString &table, const QStringList &keyColumns)
 {
-    close();
-    if (!connection)
-        throw DbError(DbError::ObjectNotSet, QStringLiteral("No hay conexión con la base de datos: falta asignar Conexion."));
-    m_connection = connection;
-    m_table = table;
-    m_keyColumns = keyColumns;
+    prepareKeyset(connection, table, keyColumns);
     if (!connection->inTransaction()) {
         connection->beginTrans();
         m_ownsTransaction = true;

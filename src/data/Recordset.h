@@ -63,6 +63,7 @@ private:
     void requireUpdatable() const;
     void fail(const QString &description) const;
     void loadAll(const QString &tsql, const QString &adapted);
+    void prepareKeyset(Conexion *connection, const QString &table, const QStringList &keyColumns);
 
     Mode m_mode = Closed;
     Conexion *m_connection = nullptr;

@@ -26,33 +26,17 @@ void kdDispositivo::rebuild(bool display, bool printer, bool file, bool email)
     m_combo->setCurrentIndex(m_combo->count() > 0 ? 0 : -1);
 }
 
-void kdDispositivo::setToDisplay(bool value)
+void kdDispositivo::setFlag(bool &flag, bool value, const char *key)
 {
-    m_toDisplay = value;
-    notify("ToDisplay");
+    flag = value;
+    notify(key);
     rebuild(m_toDisplay, m_toPrinter, m_toFile, m_toEMail);
 }
 
-void kdDispositivo::setToPrinter(bool value)
-{
-    m_toPrinter = value;
-    notify("ToPrinter");
-    rebuild(m_toDisplay, m_toPrinter, m_toFile, m_toEMail);
-}
-
-void kdDispositivo::setToFile(bool value)
-{
-    m_toFile = value;
-    notify("ToFile");
-    rebuild(m_toDisplay, m_toPrinter, m_toFile, m_toEMail);
-}
-
-void kdDispositivo::setToEMail(bool value)
-{
-    m_toEMail = value;
-    notify("ToEMail");
-    rebuild(m_toDisplay, m_toPrinter, m_toFile, m_toEMail);
-}
+void kdDispositivo::setToDisplay(bool value) { setFlag(m_toDisplay, value, "ToDisplay"); }
+void kdDispositivo::setToPrinter(bool value) { setFlag(m_toPrinter, value, "ToPrinter"); }
+void kdDispositivo::setToFile(bool value) { setFlag(m_toFile, value, "ToFile"); }
+void kdDispositivo::setToEMail(bool value) { setFlag(m_toEMail, value, "ToEMail"); }
 
 enmDestination kdDispositivo::Destination() const
 {

@@ -41,6 +41,8 @@ public:
 
 private:
     void rebuild(bool display, bool printer, bool file, bool email);
+    /// Stores a To… flag, notifies its key and rebuilds the list.
+    void setFlag(bool &flag, bool value, const char *key);
 
     bool m_toDisplay = true;
     bool m_toPrinter = true;
