@@ -4,9 +4,40 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QStandardPaths>
 #include <QThread>
+#include <grp.h>
+#include <pwd.h>
+#include <unistd.h>
 
 namespace Varnel_Controles::Testing {
+
+namespace {
+
+// The CUPS programs live in sbin, which a normal user's PATH may not hold.
+QString program(const QString &name)
+{
+    const QString found = QStandardPaths::findExecutable(name);
+    if (!found.isEmpty())
+        return found;
+    const QString sbin = QStandardPaths::findExecutable(name, {QStringLiteral("/usr/sbin"), QStringLiteral("/sbin")});
+    return sbin.isEmpty() ? name : sbin;
+}
+
+// A daemon started by a normal user runs as that user.
+QString runAs()
+{
+    if (getuid() == 0)
+        return QString();
+    const passwd *user = getpwuid(getuid());
+    const group *grp = getgrgid(getgid());
+    if (!user || !grp)
+        return QString();
+    return QStringLiteral("User %1\nGroup %2\nSystemGroup %2\n").arg(QString::fromLocal8Bit(user->pw_name),
+                                                                    QString::fromLocal8Bit(grp->gr_name));
+}
+
+} // namespace
 
 PrivateCups::PrivateCups() = default;
 
@@ -30,7 +61,8 @@ bool PrivateCups::start()
     files.write(QStringLiteral("ServerRoot %1/etc\nRequestRoot %1/spool\nStateDir %1/state\nCacheDir %1/cache\n"
                                "TempDir %1/tmp\nErrorLog %1/log/error_log\nAccessLog %1/log/access_log\n"
                                "PageLog %1/log/page_log\nFileDevice Yes\nSandboxing Relaxed\n")
-                    .arg(root).toUtf8());
+                    .arg(root).toUtf8()
+               + runAs().toUtf8());
     files.close();
 
     // The printers of this process are those of the private daemon, and no user default applies.
@@ -40,7 +72,7 @@ bool PrivateCups::start()
     qunsetenv("LPDEST");
 
     m_daemon.setProcessChannelMode(QProcess::MergedChannels);
-    m_daemon.start(QStringLiteral("cupsd"), {QStringLiteral("-f"), QStringLiteral("-c"), root + QStringLiteral("/etc/cupsd.conf"),
+    m_daemon.start(program(QStringLiteral("cupsd")), {QStringLiteral("-f"), QStringLiteral("-c"), root + QStringLiteral("/etc/cupsd.conf"),
                                              QStringLiteral("-s"), root + QStringLiteral("/etc/cups-files.conf")});
     if (!m_daemon.waitForStarted(5000)) {
         m_error = QStringLiteral("cupsd no arranca: ") + m_daemon.errorString();
@@ -61,7 +93,7 @@ bool PrivateCups::lpadmin(const QStringList &arguments)
 {
     QProcess p;
     p.setProcessChannelMode(QProcess::MergedChannels);
-    p.start(QStringLiteral("lpadmin"), arguments);
+    p.start(program(QStringLiteral("lpadmin")), arguments);
     if (!p.waitForFinished(20000) || p.exitCode() != 0) {
         m_error = QStringLiteral("lpadmin %1: %2").arg(arguments.join(u' '), QString::fromLocal8Bit(p.readAll()));
         return false;
