@@ -371,13 +371,19 @@ private slots:
         f.cb.setCod_Articulo(5);
         QCOMPARE(f.cb.CrearAuto(), QStringLiteral("98100019"));
         QCOMPARE(f.db.rows(QStringLiteral("SELECT Cod_Barras FROM Contador_CBarras WHERE Cod_Empresa = 1")), QStringList{"9810001"});
-        QCOMPARE(f.db.statements.mid(1), (QStringList{"SELECT * FROM Contador_CBarras WHERE Cod_Empresa=1",
-                                                      "INSERT INTO Contador_CBarras (Cod_Empresa, Cod_Barras) VALUES (1, '9810001')"}));
+        QCOMPARE(f.db.statements, (QStringList{"SELECT * FROM Articulos_CBarras WHERE Cod_Empresa=1 AND Cod_Articulo=5 AND Automatico=1",
+                                               "SELECT * FROM Contador_CBarras WHERE Cod_Empresa=1",
+                                               "INSERT INTO Contador_CBarras (Cod_Empresa, Cod_Barras) VALUES (1, '9810001')"}));
 
         // 98100026 was given by hand: skipped.
         f.db.conexion()->execute(QStringLiteral("INSERT INTO Articulos_CBarras (Cod_Empresa, Cod_Articulo, Cod_Barras) VALUES (1, 6, '98100026')"));
         f.cb.setCod_Articulo(3);
+        f.db.statements.clear();
         QCOMPARE(f.cb.CrearAuto(), QStringLiteral("98100033"));
+        QCOMPARE(f.db.statements.mid(2, 3), (QStringList{
+            "SELECT a.Cod_Articulo, a.Unidades, ISNULL(b.Descripcion,'') AS Nombre ,a.Principal FROM Articulos_CBarras a LEFT JOIN Articulos b ON ( b.Cod_Empresa = a.Cod_Empresa and b.Codigo = a.Cod_Articulo) WHERE a.Cod_Barras = '98100026' and a.Cod_Empresa = 1",
+            "SELECT a.Cod_Articulo, a.Unidades, ISNULL(b.Descripcion,'') AS Nombre ,a.Principal FROM Articulos_CBarras a LEFT JOIN Articulos b ON ( b.Cod_Empresa = a.Cod_Empresa and b.Codigo = a.Cod_Articulo) WHERE a.Cod_Barras = '98100033' and a.Cod_Empresa = 1",
+            "UPDATE Contador_CBarras SET Cod_Barras = '9810003' WHERE Cod_Empresa = 1"}));
         QCOMPARE(f.db.scalar(QStringLiteral("SELECT Cod_Barras FROM Contador_CBarras")).toString(), QStringLiteral("9810003"));
 
         // An article that has its automatic code gets it again, the counter stays.
