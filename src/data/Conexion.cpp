@@ -174,7 +174,7 @@ int Conexion::execute(const QString &tsql)
         throw DbError(DbError::ProviderError, QStringLiteral("La conexión con la base de datos está cerrada."));
     QSqlQuery q(db);
     if (!q.exec(adapt(tsql)))
-        throw DbError::fromSql(q.lastError(), tsql);
+        throw DbError::fromSql(q.lastError());
     return q.numRowsAffected();
 }
 
@@ -184,9 +184,9 @@ void Conexion::beginTrans()
     if (m_dialect == Sqlite) {
         QSqlQuery q(db);
         if (!q.exec(QStringLiteral("BEGIN IMMEDIATE")))
-            throw DbError::fromSql(q.lastError(), QStringLiteral("BEGIN"));
+            throw DbError::fromSql(q.lastError());
     } else if (!db.transaction()) {
-        throw DbError::fromSql(db.lastError(), QStringLiteral("BEGIN"));
+        throw DbError::fromSql(db.lastError());
     }
     m_inTransaction = true;
 }
@@ -199,11 +199,11 @@ void Conexion::commitTrans()
         QSqlQuery q(db);
         ok = q.exec(QStringLiteral("COMMIT"));
         if (!ok)
-            throw DbError::fromSql(q.lastError(), QStringLiteral("COMMIT"));
+            throw DbError::fromSql(q.lastError());
     } else {
         ok = db.commit();
         if (!ok)
-            throw DbError::fromSql(db.lastError(), QStringLiteral("COMMIT"));
+            throw DbError::fromSql(db.lastError());
     }
     m_inTransaction = false;
 }
@@ -215,9 +215,9 @@ void Conexion::rollbackTrans()
     if (m_dialect == Sqlite) {
         QSqlQuery q(db);
         if (!q.exec(QStringLiteral("ROLLBACK")))
-            throw DbError::fromSql(q.lastError(), QStringLiteral("ROLLBACK"));
+            throw DbError::fromSql(q.lastError());
     } else if (!db.rollback()) {
-        throw DbError::fromSql(db.lastError(), QStringLiteral("ROLLBACK"));
+        throw DbError::fromSql(db.lastError());
     }
 }
 

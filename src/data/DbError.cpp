@@ -6,7 +6,7 @@
 
 namespace Varnel_Controles {
 
-DbError DbError::fromSql(const QSqlError &error, const QString &statement)
+DbError DbError::fromSql(const QSqlError &error)
 {
     bool numeric = false;
     const qint32 native = error.nativeErrorCode().toInt(&numeric);
@@ -15,7 +15,6 @@ DbError DbError::fromSql(const QSqlError &error, const QString &statement)
         text = error.driverText().trimmed();
     if (text.isEmpty())
         text = QStringLiteral("error desconocido");
-    Q_UNUSED(statement);
     return DbError(numeric && native != 0 ? native : ProviderError,
                    QStringLiteral("Error de la base de datos: %1").arg(text));
 }

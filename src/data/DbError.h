@@ -18,7 +18,7 @@ public:
 
     using LegacyError::LegacyError;
     /// The error of a failed statement, with the driver's text.
-    static DbError fromSql(const QSqlError &error, const QString &statement);
+    static DbError fromSql(const QSqlError &error);
 
     /// The same error with another source (a class rethrowing under its own location text).
     DbError withSource(const QString &source) const;

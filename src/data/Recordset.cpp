@@ -68,7 +68,7 @@ void Recordset::open(const QString &tsql, Conexion *connection)
     m_query = QSqlQuery(connection->database());
     m_query.setForwardOnly(true);
     if (!m_query.exec(connection->adapt(tsql))) {
-        const DbError error = DbError::fromSql(m_query.lastError(), tsql);
+        const DbError error = DbError::fromSql(m_query.lastError());
         m_query = QSqlQuery();
         throw error;
     }
@@ -77,12 +77,12 @@ void Recordset::open(const QString &tsql, Conexion *connection)
     m_atEnd = !m_query.next();
 }
 
-void Recordset::loadAll(const QString &tsql, const QString &adapted)
+void Recordset::loadAll(const QString &adapted)
 {
     QSqlQuery q(m_connection->database());
     q.setForwardOnly(true);
     if (!q.exec(adapted))
-        throw DbError::fromSql(q.lastError(), tsql);
+        throw DbError::fromSql(q.lastError());
     while (q.next()) {
         QSqlRecord record = q.record();
         QVector<QVariant> key;
@@ -94,7 +94,7 @@ void Recordset::loadAll(const QString &tsql, const QString &adapted)
         m_keys << key;
     }
     if (q.lastError().isValid())
-        throw DbError::fromSql(q.lastError(), tsql);
+        throw DbError::fromSql(q.lastError());
 }
 
 void Recordset::prepareKeyset(Conexion *connection, const QString &table, const QStringList &keyColumns)
@@ -111,7 +111,7 @@ void Recordset::openKeyset(const QString &tsql, Conexion *connection, const QStr
 {
     prepareKeyset(connection, table, keyColumns);
     connection->trace(tsql);
-    loadAll(tsql, connection->adapt(withKeyColumns(tsql, table, keyColumns)));
+    loadAll(connection->adapt(withKeyColumns(tsql, table, keyColumns)));
     m_mode = Keyset;
     m_row = 0;
 }
@@ -128,7 +128,7 @@ void Recordset::openLocked(const QString &tsql, Conexion *connection, const QStr
     statement = connection->dialect() == Conexion::SqlServer ? withLockHint(statement, table)
                                                              : connection->adapt(statement);
     try {
-        loadAll(tsql, statement);
+        loadAll(statement);
     } catch (...) {
         if (m_ownsTransaction) {
             m_ownsTransaction = false;
@@ -199,7 +199,7 @@ void Recordset::moveNext()
     if (m_mode == ForwardOnly) {
         m_atEnd = !m_query.next();
         if (m_atEnd && m_query.lastError().isValid())
-            throw DbError::fromSql(m_query.lastError(), QString());
+            throw DbError::fromSql(m_query.lastError());
     } else {
         ++m_row;
         m_changed.clear();

@@ -62,7 +62,7 @@ private:
     void requireRow() const;
     void requireUpdatable() const;
     void fail(const QString &description) const;
-    void loadAll(const QString &tsql, const QString &adapted);
+    void loadAll(const QString &adapted);
     void prepareKeyset(Conexion *connection, const QString &table, const QStringList &keyColumns);
 
     Mode m_mode = Closed;

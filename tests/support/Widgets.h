@@ -14,7 +14,7 @@ inline bool showActive(QWidget &window)
 {
     window.show();
     window.activateWindow();
-    QTest::qWaitForWindowActive(&window);
+    (void)QTest::qWaitForWindowActive(&window);
     if (!window.isActiveWindow()) // a window shown again after hiding is not activated offscreen
         QApplication::setActiveWindow(&window);
     return window.isActiveWindow();
