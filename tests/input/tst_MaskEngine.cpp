@@ -21,7 +21,7 @@ private slots:
         QTest::newRow("separator at a separator") << "##/##/####" << "12/3" << "12/3_/____" << "";
         QTest::newRow("wrong separator") << "##/##/####" << "1-" << "1_/__/____" << "-";
         QTest::newRow("time") << "##:##" << "9:5" << "9_:5_" << "";
-        QTest::newRow("letter placeholder") << "??-###" << "ab-123" << "ab-123" << "";
+        QTest::newRow("letter placeholder") << "?" "?-###" << "ab-123" << "ab-123" << "";
         QTest::newRow("letter refused") << "??" << "1a" << "a_" << "1";
         QTest::newRow("upper from >") << ">??" << "ab" << "AB" << "";
         QTest::newRow("lower from <") << "<&&" << "XY" << "xy" << "";
