@@ -59,6 +59,11 @@ QString valueText(const QVariant &v)
         return QStringLiteral("&H%1&").arg(v.toUInt(), 8, 16, QLatin1Char('0')).toUpper();
     case QMetaType::Double: case QMetaType::Float: {
         QString t = QString::number(v.toDouble(), 'g', 15);
+        // A whole decimal beyond a Long keeps its point, or it would read back as a Long
+        // out of range.
+        const double d = v.toDouble();
+        if (!t.contains(u'.') && !t.contains(u'e') && (d < kMinWhole || d > kMaxWhole))
+            t += QStringLiteral(".0");
         return t;
     }
     case QMetaType::QString:
@@ -190,7 +195,9 @@ struct Parser
             if (eq < 0)
                 fail(lineNo, QStringLiteral("falta el signo = en «%1»").arg(text));
             const QString key = text.left(eq).trimmed();
-            if (!keyRe.match(key).hasMatch())
+            static const QStringList blockWords{QStringLiteral("Begin"), QStringLiteral("End"),
+                                                QStringLiteral("BeginProperty"), QStringLiteral("EndProperty")};
+            if (!keyRe.match(key).hasMatch() || blockWords.contains(key, Qt::CaseInsensitive))
                 fail(lineNo, QStringLiteral("nombre de propiedad no válido: «%1»").arg(key));
             if (key == QLatin1String("Size"))
                 sizeLine = lineNo;

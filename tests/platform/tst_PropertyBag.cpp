@@ -99,11 +99,15 @@ private slots:
     void edgesOfTheRangesLoad()
     {
         const PropertyBag bag = PropertyBag::fromText(QStringLiteral(
-            "A = -2147483648\nB = 4294967295\nC = 1.7e308\nBeginProperty Font\n Size = 2160\nEndProperty\n"));
+            "A = -2147483648\nB = 4294967295\nC = 1.7e308\nD = -4294967296.\nBeginProperty Font\n Size = 2160\nEndProperty\n"));
         QCOMPARE(bag.ReadProperty(QStringLiteral("A")).toLongLong(), -2147483648LL);
         QCOMPARE(bag.ReadProperty(QStringLiteral("B")).toLongLong(), 4294967295LL);
         QCOMPARE(bag.ReadProperty(QStringLiteral("C")).toDouble(), 1.7e308);
         QCOMPARE(bag.ReadProperty(QStringLiteral("Font")).value<StdFont>().Size, 2160.0);
+        // Written back, they read again: the whole decimal stays a decimal.
+        const PropertyBag back = PropertyBag::fromText(bag.toText());
+        QCOMPARE(back.ReadProperty(QStringLiteral("D")), QVariant(-4294967296.0));
+        QCOMPARE(back.toText(), bag.toText());
     }
 
     void malformedBlocksNameTheLine_data()
@@ -115,6 +119,7 @@ private slots:
         QTest::newRow("unknown value") << "Width = 12px\n" << 1;
         QTest::newRow("missing value") << "A = 1\nB =\n" << 2;
         QTest::newRow("bad key") << "1A = 1\n" << 1;
+        QTest::newRow("block word as a key") << "A = 1\nBegin\r = 0\n" << 2;
         QTest::newRow("unclosed font") << "BeginProperty Font\n  Name = \"X\"\n" << 1;
         QTest::newRow("stray EndProperty") << "A = 1\nEndProperty\n" << 2;
         QTest::newRow("frx reference") << "Text = $\"frmA.frx\":0000\n" << 1;
