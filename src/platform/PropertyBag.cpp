@@ -1,5 +1,7 @@
 #include "platform/PropertyBag.h"
 
+#include "platform/Legacy.h"
+
 #include <QRegularExpression>
 #include <QStringList>
 #include <cmath>
@@ -208,17 +210,18 @@ struct Parser
         return items;
     }
 
+    // Numbers are converted without leaving their range: Charset and Weight are 16-bit.
     static StdFont fontFrom(const QList<QPair<QString, QVariant>> &sub)
     {
         StdFont f;
         for (const auto &[k, v] : sub) {
             if (k == QLatin1String("Name")) f.Name = v.toString();
             else if (k == QLatin1String("Size")) f.Size = v.toDouble();
-            else if (k == QLatin1String("Charset")) f.Charset = v.toInt();
-            else if (k == QLatin1String("Weight")) f.Weight = v.toInt();
-            else if (k == QLatin1String("Underline")) f.Underline = as32(v) != 0;
-            else if (k == QLatin1String("Italic")) f.Italic = as32(v) != 0;
-            else if (k == QLatin1String("Strikethrough")) f.Strikethrough = as32(v) != 0;
+            else if (k == QLatin1String("Charset")) f.Charset = Legacy::CInt(v.toDouble());
+            else if (k == QLatin1String("Weight")) f.Weight = Legacy::CInt(v.toDouble());
+            else if (k == QLatin1String("Underline")) f.Underline = v.toDouble() != 0;
+            else if (k == QLatin1String("Italic")) f.Italic = v.toDouble() != 0;
+            else if (k == QLatin1String("Strikethrough")) f.Strikethrough = v.toDouble() != 0;
         }
         return f;
     }
