@@ -56,6 +56,7 @@ int main(int argc, char **argv)
 
     // A save while another workstation holds the write lock: how long until the clerk's
     // message, against the configured wait.
+    out.flush();
     const QString small = bench::database(10, 10, 10);
     Conexion *other = Conexion::open(QStringLiteral("sqlite:") + small);
     Conexion *clerk = Conexion::open(QStringLiteral("sqlite:") + small);
