@@ -264,7 +264,7 @@ private:
             const int kind = m_random.below(10);
             if (kind < 6) trade = tradeName();
             else if (kind < 7) trade = QStringLiteral(""); // an empty trade name, not a missing one
-            p.row(c.code, i, name, trade, cif(i * 104729 + c.code), u(m_random.pick(kPoblaciones)));
+            p.row(c.code, i, name, trade, cif(int((qint64(i) * 104729 + c.code) % 10000000)), u(m_random.pick(kPoblaciones)));
             QString initials;
             for (const QString &w : name.split(u' ', Qt::SkipEmptyParts))
                 if (initials.size() < 3 && w.at(0).isLetter()) initials += w.at(0);
@@ -285,8 +285,8 @@ private:
                                                                           u(m_random.pick(kNombres)))
                                         : companyName();
             const QString trade = !person && m_random.chance(50) ? tradeName() : QString();
-            const QString taxId = person ? nif(10000000 + (i * 7919 + c.code * 31) % 89999999)
-                                         : cif(i * 15485863 + c.code);
+            const QString taxId = person ? nif(int(10000000 + (qint64(i) * 7919 + c.code * 31) % 89999999))
+                                         : cif(int((qint64(i) * 15485863 + c.code) % 10000000));
             cl.row(c.code, 1000 + i, name, trade, taxId, u(m_random.pick(kPoblaciones)),
                    1, m_random.chance(20) ? 3 : 0);
             if (!person && m_random.chance(25)) {

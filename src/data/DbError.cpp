@@ -10,6 +10,14 @@ DbError DbError::fromSql(const QSqlError &error)
 {
     bool numeric = false;
     const qint32 native = error.nativeErrorCode().toInt(&numeric);
+    // SQLite's lock and read-only failures, told the way a clerk can act on them.
+    const QString sqliteText = error.databaseText();
+    if (numeric && (native == 5 || native == 6) && sqliteText.contains(QLatin1String("locked")))
+        return DbError(native, QStringLiteral("La base de datos está ocupada en otro puesto. Espere un momento y "
+                                              "vuelva a intentarlo."));
+    if (numeric && native == 8 && sqliteText.contains(QLatin1String("readonly")))
+        return DbError(native, QStringLiteral("La base de datos está abierta solo para consultar: no se ha guardado "
+                                              "el cambio."));
     QString text = error.databaseText().trimmed();
     if (text.isEmpty())
         text = error.driverText().trimmed();

@@ -17,7 +17,8 @@ public:
     enum : qint32 { ProviderError = -2147467259 }; // 0x80004005: failure reported by the database
 
     using LegacyError::LegacyError;
-    /// The error of a failed statement, with the driver's text.
+    /// The error of a failed statement, with the driver's text; a database locked by another
+    /// workstation or opened read-only is said so in Spanish.
     static DbError fromSql(const QSqlError &error);
 
     /// The same error with another source (a class rethrowing under its own location text).

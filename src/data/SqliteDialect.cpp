@@ -1,5 +1,7 @@
 #include "data/SqliteDialect.h"
 
+#include "data/DbError.h"
+
 #include <QChar>
 #include <QRegularExpression>
 #include <QStringList>
@@ -186,14 +188,19 @@ void likeFunction(sqlite3_context *ctx, int, sqlite3_value **argv)
         sqlite3_result_null(ctx);
         return;
     }
-    thread_local std::vector<char32_t> pat, text;
-    const auto *p = sqlite3_value_text(argv[0]);
-    const int np = sqlite3_value_bytes(argv[0]);
+    // The pattern of a statement is decoded once and kept with the statement for every row.
+    using Pattern = std::vector<char32_t>;
+    thread_local Pattern decoded, text;
+    const auto *pat = static_cast<const Pattern *>(sqlite3_get_auxdata(ctx, 0));
+    if (!pat) {
+        decodeUtf8(sqlite3_value_text(argv[0]), sqlite3_value_bytes(argv[0]), decoded);
+        sqlite3_set_auxdata(ctx, 0, new Pattern(decoded), [](void *p) { delete static_cast<Pattern *>(p); });
+        pat = &decoded;
+    }
     const auto *t = sqlite3_value_text(argv[1]);
     const int nt = sqlite3_value_bytes(argv[1]);
-    decodeUtf8(p, np, pat);
     decodeUtf8(t, nt, text);
-    sqlite3_result_int(ctx, likeSeq(text, text.size(), pat, pat.size()) ? 1 : 0);
+    sqlite3_result_int(ctx, likeSeq(text, text.size(), *pat, pat->size()) ? 1 : 0);
 }
 
 void lenFunction(sqlite3_context *ctx, int, sqlite3_value **argv)
@@ -363,18 +370,19 @@ void rewriteTop(QVector<Token> &t)
             top = nextSignificant(t, top);
         if (top < 0 || !isWord(t[top], "TOP"))
             continue;
-        int count = nextSignificant(t, top);
-        if (count < 0)
-            continue;
-        QString n;
-        int last = count;
-        if (t[count].text == QLatin1String("(")) {
-            const int inner = nextSignificant(t, count);
-            last = nextSignificant(t, inner);
-            n = t[inner].text;
-        } else {
-            n = t[count].text;
+        // TOP n or TOP (n): anything else is a statement cut short or not the library's.
+        const int count = nextSignificant(t, top);
+        int number = count, last = count;
+        if (count >= 0 && t[count].text == QLatin1String("(")) {
+            number = nextSignificant(t, count);
+            last = number < 0 ? -1 : nextSignificant(t, number);
+            if (last >= 0 && t[last].text != QLatin1String(")"))
+                last = -1;
         }
+        if (number < 0 || last < 0 || t[number].kind != Token::Number)
+            throw DbError(DbError::ProviderError,
+                          QStringLiteral("Instrucción SQL mal formada: falta el número de filas detrás de TOP."));
+        const QString n = t[number].text;
         // The select ends at the parenthesis that closes its subquery, or at the end.
         int depth = 0, end = int(t.size());
         for (int k = last + 1; k < t.size(); ++k) {

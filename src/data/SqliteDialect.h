@@ -20,7 +20,8 @@ namespace Varnel_Controles {
 class SqliteDialect
 {
 public:
-    /// The statement as SQLite runs it.
+    /// The statement as SQLite runs it. Throws DbError for a statement cut short where it is
+    /// rewritten (TOP without its number).
     static QString adapt(const QString &tsql);
     /// Registers the collation and functions on a connection handle.
     static void registerFunctions(sqlite3 *handle);

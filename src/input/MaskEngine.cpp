@@ -107,7 +107,8 @@ int MaskEngine::setText(const QString &text, QChar prompt)
             ++pos;
             continue;
         }
-        if (c == prompt || c == u' ') {
+        const bool takesBlank = filled[pos].kind == Any || filled[pos].kind == OptAny;
+        if (c == prompt || (c == u' ' && !takesBlank)) {
             ++pos;
             continue;
         }

@@ -36,8 +36,9 @@ public:
     /// The characters entered, without literals.
     QString clipText() const;
     /// Fills the positions from a text: literals of the mask may be present or left out, the
-    /// prompt character and blanks leave a position empty. Returns -1, or the position of the
-    /// first character the mask refuses (nothing is changed then).
+    /// prompt character leaves a position empty, and so does a blank except at & and C, which
+    /// keep it as typed. Returns -1, or the position of the first character the mask refuses
+    /// (nothing is changed then).
     int setText(const QString &text, QChar prompt);
 
     struct Typed

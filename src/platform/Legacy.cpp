@@ -111,13 +111,13 @@ double Val(const QString &text)
             s += c;
     if (s.size() > 2 && s[0] == u'&' && (s[1].toUpper() == u'H' || s[1].toUpper() == u'O')) {
         const int base = s[1].toUpper() == u'H' ? 16 : 8;
-        qlonglong v = 0;
+        double v = 0; // exact up to 2^53; wider values keep their magnitude, never wrap
         for (int i = 2; i < s.size(); ++i) {
             const int d = QStringLiteral("0123456789ABCDEF").indexOf(s[i].toUpper());
             if (d < 0 || d >= base) break;
             v = v * base + d;
         }
-        return double(v);
+        return std::min(v, std::numeric_limits<double>::max());
     }
     QString number;
     int i = 0;
@@ -139,7 +139,9 @@ double Val(const QString &text)
         if (j > start) number += exponent;
     }
     const double v = number.toDouble();
-    return std::isfinite(v) ? v : 0.0;
+    if (std::isinf(v)) // beyond the range of a double: the largest one, with its sign
+        return std::copysign(std::numeric_limits<double>::max(), v);
+    return v;
 }
 
 QString Str(double value)
@@ -181,7 +183,8 @@ QString Trim(const QString &text)
 
 QString Format00(qint64 value)
 {
-    const QString digits = QString::number(value < 0 ? -value : value).rightJustified(2, u'0');
+    const quint64 magnitude = value < 0 ? 0 - quint64(value) : quint64(value);
+    const QString digits = QString::number(magnitude).rightJustified(2, u'0');
     return value < 0 ? u'-' + digits : digits;
 }
 

@@ -15,7 +15,8 @@ bool IsNumeric(const QString &text);
 /// The text converted by the numeric test's rules ("12,5" is 12.5, "12.5" is 125); 0 when refused.
 double CDbl(const QString &text, bool *ok = nullptr);
 /// Value of the leading number of the text, locale-free: blanks are skipped, "." is the decimal
-/// point, parsing stops at the first other character; 0 when there is no digit.
+/// point, parsing stops at the first other character; 0 when there is no digit. A number beyond
+/// the range of a double ("1e999", hundreds of hex digits) gives the largest double, signed.
 double Val(const QString &text);
 /// Number to text with one leading blank for non-negative numbers (" 12", "-3", " .5").
 QString Str(double value);

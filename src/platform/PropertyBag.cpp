@@ -1,14 +1,25 @@
 #include "platform/PropertyBag.h"
 
+#include "platform/Legacy.h"
+
 #include <QRegularExpression>
 #include <QStringList>
 #include <cmath>
+#include <limits>
 
 namespace Varnel_Controles {
 
 namespace {
 
 const QString kFontGuid = QStringLiteral("{0BE35203-8F91-11CE-9DE3-00AA004BB851}");
+// Forms nest object blocks a few levels deep (a toolbar's buttons and their menus); a deeper
+// block is not a form file.
+constexpr int kMaxDepth = 32;
+// The widest whole-number property is a 32-bit Long, also written unsigned (a colour).
+constexpr qlonglong kMinWhole = std::numeric_limits<qint32>::min();
+constexpr qlonglong kMaxWhole = std::numeric_limits<quint32>::max();
+// The largest font size the host forms take, in points.
+constexpr double kMaxFontSize = 2160;
 
 bool isNumber(const QVariant &v)
 {
@@ -50,6 +61,11 @@ QString valueText(const QVariant &v)
         return QStringLiteral("&H%1&").arg(v.toUInt(), 8, 16, QLatin1Char('0')).toUpper();
     case QMetaType::Double: case QMetaType::Float: {
         QString t = QString::number(v.toDouble(), 'g', 15);
+        // A whole decimal beyond a Long keeps its point, or it would read back as a Long
+        // out of range.
+        const double d = v.toDouble();
+        if (!t.contains(u'.') && !t.contains(u'e') && (d < kMinWhole || d > kMaxWhole))
+            t += QStringLiteral(".0");
         return t;
     }
     case QMetaType::QString:
@@ -115,7 +131,10 @@ struct Parser
         if (const auto m = hex.match(text); m.hasMatch())
             return QVariant::fromValue<quint32>(m.captured(1).toUInt(nullptr, 16));
         if (integer.match(text).hasMatch()) {
-            const qlonglong v = text.toLongLong();
+            bool ok = false;
+            const qlonglong v = text.toLongLong(&ok);
+            if (!ok || v < kMinWhole || v > kMaxWhole)
+                fail(lineNo, QStringLiteral("el número %1 no cabe en un entero de 32 bits").arg(text));
             if (comment.compare(QLatin1String("True"), Qt::CaseInsensitive) == 0
                 || comment.compare(QLatin1String("False"), Qt::CaseInsensitive) == 0)
                 return QVariant(v != 0);
@@ -123,16 +142,22 @@ struct Parser
                 return QVariant(qint32(v));
             return QVariant(v);
         }
-        if (decimal.match(text).hasMatch())
-            return QVariant(text.toDouble());
+        if (decimal.match(text).hasMatch()) {
+            const double v = text.toDouble();
+            if (!std::isfinite(v))
+                fail(lineNo, QStringLiteral("el número %1 está fuera del rango de los números").arg(text));
+            return QVariant(v);
+        }
         if (text.compare(QLatin1String("True"), Qt::CaseInsensitive) == 0) return QVariant(true);
         if (text.compare(QLatin1String("False"), Qt::CaseInsensitive) == 0) return QVariant(false);
         fail(lineNo, text.isEmpty() ? QStringLiteral("falta el valor detrás del signo =")
                                     : QStringLiteral("valor no reconocido: «%1»").arg(text));
     }
 
-    // Reads `Key = value` lines and property sub-blocks until `endWord` (or the end of text).
-    QList<QPair<QString, QVariant>> parseBlock(const QString &endWord, int openedAt)
+    // Reads `Key = value` lines and property sub-blocks until `endWord` (or the end of text);
+    // `depth` counts the BeginProperty blocks around this one, `sizeLine` receives the line
+    // of its Size.
+    QList<QPair<QString, QVariant>> parseBlock(const QString &endWord, int openedAt, int depth, int &sizeLine)
     {
         static const QRegularExpression keyRe(QStringLiteral(R"(^[A-Za-z_][A-Za-z0-9_]*(\(\d+\))?$)"));
         QList<QPair<QString, QVariant>> items;
@@ -153,19 +178,31 @@ struct Parser
                 const QStringList parts = text.split(u' ', Qt::SkipEmptyParts);
                 if (parts.size() < 2)
                     fail(lineNo, QStringLiteral("falta el nombre de la propiedad tras BeginProperty"));
-                const auto sub = parseBlock(QStringLiteral("EndProperty"), lineNo);
+                if (depth >= kMaxDepth)
+                    fail(lineNo, QStringLiteral("demasiados bloques BeginProperty anidados (más de %1)").arg(kMaxDepth));
+                int subSizeLine = 0;
+                const auto sub = parseBlock(QStringLiteral("EndProperty"), lineNo, depth + 1, subSizeLine);
                 const bool isFont = (parts.size() > 2 && parts[2].compare(kFontGuid, Qt::CaseInsensitive) == 0)
-                    || std::any_of(sub.begin(), sub.end(), [](const auto &p) { return p.first == QLatin1String("Size"); });
-                if (isFont)
-                    items.append({parts[1], QVariant::fromValue(fontFrom(sub))});
+                    || subSizeLine > 0;
+                if (isFont) {
+                    const StdFont font = fontFrom(sub);
+                    if (!(font.Size > 0 && font.Size <= kMaxFontSize))
+                        fail(subSizeLine > 0 ? subSizeLine : lineNo,
+                             QStringLiteral("tamaño de letra fuera de rango: %1 (hasta %2 puntos)").arg(font.Size).arg(kMaxFontSize));
+                    items.append({parts[1], QVariant::fromValue(font)});
+                }
                 continue; // other object blocks are not used by the controls
             }
             const int eq = text.indexOf(u'=');
             if (eq < 0)
                 fail(lineNo, QStringLiteral("falta el signo = en «%1»").arg(text));
             const QString key = text.left(eq).trimmed();
-            if (!keyRe.match(key).hasMatch())
+            static const QStringList blockWords{QStringLiteral("Begin"), QStringLiteral("End"),
+                                                QStringLiteral("BeginProperty"), QStringLiteral("EndProperty")};
+            if (!keyRe.match(key).hasMatch() || blockWords.contains(key, Qt::CaseInsensitive))
                 fail(lineNo, QStringLiteral("nombre de propiedad no válido: «%1»").arg(key));
+            if (key == QLatin1String("Size"))
+                sizeLine = lineNo;
             items.append({key, parseValue(text.mid(eq + 1), lineNo)});
         }
         if (!endWord.isEmpty())
@@ -173,17 +210,18 @@ struct Parser
         return items;
     }
 
+    // Numbers are converted without leaving their range: Charset and Weight are 16-bit.
     static StdFont fontFrom(const QList<QPair<QString, QVariant>> &sub)
     {
         StdFont f;
         for (const auto &[k, v] : sub) {
             if (k == QLatin1String("Name")) f.Name = v.toString();
             else if (k == QLatin1String("Size")) f.Size = v.toDouble();
-            else if (k == QLatin1String("Charset")) f.Charset = v.toInt();
-            else if (k == QLatin1String("Weight")) f.Weight = v.toInt();
-            else if (k == QLatin1String("Underline")) f.Underline = as32(v) != 0;
-            else if (k == QLatin1String("Italic")) f.Italic = as32(v) != 0;
-            else if (k == QLatin1String("Strikethrough")) f.Strikethrough = as32(v) != 0;
+            else if (k == QLatin1String("Charset")) f.Charset = Legacy::CInt(v.toDouble());
+            else if (k == QLatin1String("Weight")) f.Weight = Legacy::CInt(v.toDouble());
+            else if (k == QLatin1String("Underline")) f.Underline = v.toDouble() != 0;
+            else if (k == QLatin1String("Italic")) f.Italic = v.toDouble() != 0;
+            else if (k == QLatin1String("Strikethrough")) f.Strikethrough = v.toDouble() != 0;
         }
         return f;
     }
@@ -285,7 +323,8 @@ PropertyBag PropertyBag::fromText(const QString &text)
         endWord = QStringLiteral("End");
     }
     PropertyBag bag;
-    bag.m_items = parser.parseBlock(endWord, first + 1);
+    int sizeLine = 0;
+    bag.m_items = parser.parseBlock(endWord, first + 1, 0, sizeLine);
     while (parser.pos < parser.lines.size()) {
         const QString rest = parser.lines[parser.pos++].trimmed();
         if (!rest.isEmpty())

@@ -50,7 +50,9 @@ public:
     /// The block in the form-file syntax, one `Key = value` per line, indented by `indent` blanks.
     QString toText(int indent = 0) const;
     /// Reads a block (optionally wrapped in `Begin Library.Class name` … `End`).
-    /// Throws PropertyBagError naming the first bad line; nothing is returned half-read.
+    /// Throws PropertyBagError naming the first bad line (also a whole number beyond 32 bits,
+    /// a decimal beyond a double, a font size beyond 2160 points, blocks nested more than 32
+    /// deep); nothing is returned half-read.
     static PropertyBag fromText(const QString &text);
 
     /// Whether two property values are the same for the omission rule.

@@ -22,6 +22,9 @@ namespace Varnel_Controles {
 
 namespace {
 
+// A filter holds at most the longest name (60) with wildcards between its words.
+constexpr int kFilterMaxLength = 80;
+
 // Suspends the grid's repainting while rows are added, and the scroll notifications that
 // adding rows would cause; resumes both even on failure.
 class RedrawOff
@@ -65,6 +68,7 @@ frmBusqueda::frmBusqueda(const QString &name, const QString &caption, const QStr
     lbl1->setObjectName(QStringLiteral("lbl1"));
     lbl2->setObjectName(QStringLiteral("lbl2"));
     txtNombre->setObjectName(QStringLiteral("txtNombre"));
+    txtNombre->setMaxLength(kFilterMaxLength);
     vsListado->setObjectName(QStringLiteral("vsListado"));
     cmdAceptar->setObjectName(QStringLiteral("cmdAceptar"));
     cmdCancelar->setObjectName(QStringLiteral("cmdCancelar"));
@@ -108,6 +112,7 @@ TextField *frmBusqueda::addFilter(const QString &name)
 {
     auto *box = new TextField(this);
     box->setObjectName(name);
+    box->setMaxLength(kFilterMaxLength);
     connectFilter(box);
     return box;
 }

@@ -51,7 +51,8 @@ protected:
     /// Key-down in a filter box, after Down (to the grid) was handled.
     virtual void filterKeyDown(TextField *box, qint16 keyCode);
 
-    /// Adds a filter box (the first is `txtNombre`, created by the base).
+    /// Adds a filter box (the first is `txtNombre`, created by the base). Filter boxes take
+    /// at most 80 characters.
     TextField *addFilter(const QString &name);
     /// Light cyan while the box has the focus, the window colour after.
     void paintFocus(TextField *box);

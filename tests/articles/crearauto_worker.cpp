@@ -20,6 +20,8 @@ int main(int argc, char **argv)
         return 2;
     }
     try {
+        // Workers save back to back, far more often than clerks do: they wait their turn.
+        Conexion::setDefaultBusyTimeout(60000);
         Conexion *c = Conexion::open(QStringLiteral("sqlite:") + QString::fromLocal8Bit(argv[1]));
         cEmpresa empresa(1);
         clsArticulo_CBarra barcode;

@@ -14,6 +14,8 @@ int main(int argc, char **argv)
     QCoreApplication app(argc, argv);
     QTextStream out(stdout), err(stderr);
     try {
+        // Workers save back to back, far more often than clerks do: they wait their turn.
+        Conexion::setDefaultBusyTimeout(60000);
         Conexion *c = Conexion::open(QStringLiteral("sqlite:") + QString::fromLocal8Bit(argv[1]));
         const int count = QByteArray(argv[2]).toInt();
         for (int i = 0; i < count; ++i) {

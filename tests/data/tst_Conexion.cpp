@@ -5,13 +5,35 @@
 #include "support/ScriptedUi.h"
 #include "support/TestDatabase.h"
 
+#include <QDir>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QProcess>
 #include <QSet>
 #include <QTcpServer>
+#include <QSqlDatabase>
+#include <QSqlQuery>
+#include <QTemporaryDir>
 #include <QTest>
+#include <unistd.h>
 
 using namespace Varnel_Controles;
+
+namespace {
+
+// A closed copy of the seeded database (a WAL database without its -wal and -shm files),
+// as FOLDER/empresa.db.
+QString seededCopy(const QString &folder)
+{
+    Testing::TestDatabase db;
+    db.scalar(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)"));
+    const QString path = folder + QStringLiteral("/empresa.db");
+    QDir().mkpath(folder);
+    QFile::copy(db.path(), path);
+    return path;
+}
+
+} // namespace
 
 class tst_Conexion : public QObject
 {
@@ -70,23 +92,110 @@ private slots:
         QVERIFY2(ui.messages[0].prompt.contains(QStringLiteral("conexión")), qPrintable(ui.messages[0].prompt));
     }
 
-    void lockedDatabaseIsAnErrorNotAHang()
+    void lockedDatabaseIsTheClerksMessage()
     {
         Testing::TestDatabase db;
+        Testing::ScriptedUi ui;
         Conexion *other = Conexion::open(QStringLiteral("sqlite:") + db.path());
         other->beginTrans(); // another workstation holds the write lock
-        db.conexion()->setBusyTimeout(200);
-        QElapsedTimer timer;
-        timer.start();
-        try {
+        db.conexion()->setBusyTimeout(50);
+        QVERIFY(!trapErrors(QStringLiteral("frmMarcas::Guardar"), [&] {
             db.conexion()->execute(QStringLiteral("UPDATE Marcas SET Nombre = 'X' WHERE Codigo = 1"));
-            QFAIL("the write went through a held lock");
-        } catch (const DbError &e) {
-            QVERIFY(e.Description().contains(QLatin1String("locked")) || e.Description().contains(QLatin1String("bloque")));
-        }
-        QVERIFY(timer.elapsed() < 5000);
+            return true;
+        }));
+        QCOMPARE(ui.messages.size(), 1);
+        QCOMPARE(ui.messages[0].prompt, QStringLiteral("La base de datos está ocupada en otro puesto. Espere un momento "
+                                                       "y vuelva a intentarlo."));
         other->rollbackTrans();
         delete other;
+    }
+
+    void openingUnderAnExclusiveLockFails()
+    {
+        QTemporaryDir dir;
+        const QString path = seededCopy(dir.path());
+        QSqlDatabase holder = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("holder"));
+        holder.setDatabaseName(path);
+        QVERIFY(holder.open());
+        QSqlQuery q(holder);
+        QVERIFY(q.exec(QStringLiteral("PRAGMA locking_mode=EXCLUSIVE")));
+        QVERIFY(q.exec(QStringLiteral("BEGIN EXCLUSIVE")));
+        QVERIFY(q.exec(QStringLiteral("CREATE TABLE Cerrojo (x)")));
+        const int wait = Conexion::defaultBusyTimeout();
+        Conexion::setDefaultBusyTimeout(50);
+        try {
+            delete Conexion::open(QStringLiteral("sqlite:") + path);
+            QFAIL("a connection that cannot read was reported open");
+        } catch (const DbError &e) {
+            QVERIFY2(e.Description().startsWith(QStringLiteral("La base de datos está ocupada en otro puesto.")),
+                     qPrintable(e.Description()));
+        }
+        Conexion::setDefaultBusyTimeout(wait);
+        q.exec(QStringLiteral("ROLLBACK"));
+        q = QSqlQuery();
+        holder.close();
+        holder = QSqlDatabase();
+        QSqlDatabase::removeDatabase(QStringLiteral("holder"));
+    }
+
+    void vanishedDatabaseTakesNoWrites_data()
+    {
+        QTest::addColumn<bool>("replaced");
+        QTest::newRow("deleted") << false;
+        QTest::newRow("replaced by another file") << true;
+    }
+    void vanishedDatabaseTakesNoWrites()
+    {
+        QFETCH(bool, replaced);
+        Testing::TestDatabase db;
+        Testing::ScriptedUi ui;
+        QVERIFY(QFile::remove(db.path()));
+        if (replaced)
+            QVERIFY(QFile::copy(QStringLiteral(":/testsupport/seed.sql"), db.path()));
+        QVERIFY(!trapErrors(QStringLiteral("frmMarcas::Guardar"), [&] {
+            db.conexion()->execute(QStringLiteral("INSERT INTO Marcas (Codigo, Nombre) VALUES (99, 'NUEVA')"));
+            return true;
+        }));
+        QCOMPARE(ui.messages.size(), 1);
+        QCOMPARE(ui.messages[0].prompt, QStringLiteral("La base de datos %1 se ha borrado o sustituido mientras estaba "
+                                                       "abierta: no se ha guardado el cambio. Cierre el programa y "
+                                                       "vuelva a abrirlo.").arg(db.path()));
+        QVERIFY_THROWS_EXCEPTION(DbError, db.conexion()->beginTrans());
+        QCOMPARE(db.scalar(QStringLiteral("SELECT COUNT(*) FROM Marcas WHERE Codigo = 99")).toInt(), 0);
+    }
+
+    void readOnlyDatabaseReadsAndRefusesWrites_data()
+    {
+        QTest::addColumn<bool>("readOnlyFolder");
+        QTest::newRow("WAL database in a read-only folder") << true;
+        QTest::newRow("read-only file") << false;
+    }
+    void readOnlyDatabaseReadsAndRefusesWrites()
+    {
+        QFETCH(bool, readOnlyFolder);
+        QTemporaryDir dir;
+        const QString folder = dir.filePath(QStringLiteral("empresa"));
+        const QString path = seededCopy(folder);
+        QVERIFY(QFile::setPermissions(dir.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther));
+        const auto readOnly = QFile::ReadOwner | QFile::ReadOther;
+        QVERIFY(QFile::setPermissions(path, readOnlyFolder ? readOnly | QFile::WriteOwner : readOnly));
+        if (readOnlyFolder)
+            QVERIFY(QFile::setPermissions(folder, readOnly | QFile::ExeOwner | QFile::ExeOther));
+
+        QProcess worker; // as a user that the permissions bind, also when the tests run as root
+        if (::geteuid() == 0)
+            worker.setChildProcessModifier([] {
+                if (::setgid(65534) != 0 || ::setuid(65534) != 0)
+                    ::_exit(3);
+            });
+        worker.start(QStringLiteral(KD_READONLY_WORKER), {path});
+        QVERIFY(worker.waitForFinished(60000));
+        QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        QCOMPARE(QString::fromUtf8(worker.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts),
+                 (QStringList{QStringLiteral("solo lectura: 1"), QStringLiteral("marcas: 6"),
+                              QStringLiteral("La base de datos %1 está abierta solo para consultar (este puesto no puede "
+                                             "escribir en su carpeta): no se ha guardado el cambio.").arg(path),
+                              QStringLiteral("marcas: 6")}));
     }
 
     void hostileTextStaysALiteral_data()
@@ -173,6 +282,13 @@ private slots:
         QTest::newRow("no database") << "mssql://sa:x@localhost:1433" << "URL de conexión no válida";
         QTest::newRow("missing file") << "sqlite:/no/such/dir/empresa.db" << "No existe la base de datos";
         QTest::newRow("empty path") << "sqlite:" << "falta la ruta";
+        QTest::newRow("timeout not a number") << "mssql://sa:x@h/E?timeout=abc" << "timeout=abc; el tiempo de espera";
+        QTest::newRow("timeout empty") << "mssql://sa:x@h/E?timeout=" << "timeout=;";
+        QTest::newRow("timeout zero") << "mssql://sa:x@h/E?timeout=0" << "timeout=0;";
+        QTest::newRow("timeout negative") << "mssql://sa:x@h/E?timeout=-5" << "timeout=-5;";
+        QTest::newRow("timeout with decimals") << "mssql://sa:x@h/E?timeout=1.5" << "timeout=1.5;";
+        QTest::newRow("timeout beyond 32 bits") << "mssql://sa:x@h/E?timeout=99999999999" << "timeout=99999999999;";
+        QTest::newRow("unknown protocol version") << "mssql://sa:x@h/E?tds=abc" << "tds=abc;";
     }
     void badUrlsGiveClearMessages()
     {

@@ -42,6 +42,7 @@ private slots:
         QTest::newRow("isnull") << "SELECT ISNULL(b.X,'') AS X, IsNull(Max(C), 0)"
                                 << "SELECT IFNULL(b.X,'') AS X, IFNULL(Max(C), 0)";
         QTest::newRow("top") << "SELECT TOP 1 * FROM T ORDER BY A" << "SELECT * FROM T ORDER BY A LIMIT 1";
+        QTest::newRow("top in parentheses") << "SELECT TOP (3) A FROM T" << "SELECT A FROM T LIMIT 3";
         QTest::newRow("top in subquery")
             << "SELECT * FROM T WHERE A = (SELECT TOP 1 A FROM T WHERE A > 3 ORDER BY A ASC) ORDER BY B"
             << "SELECT * FROM T WHERE A = (SELECT A FROM T WHERE A > 3 ORDER BY A ASC LIMIT 1) ORDER BY B";
@@ -65,6 +66,28 @@ private slots:
         QFETCH(QString, tsql);
         QFETCH(QString, sqlite);
         QCOMPARE(SqliteDialect::adapt(tsql), sqlite);
+    }
+
+    void statementCutShortIsAnError_data()
+    {
+        QTest::addColumn<QString>("tsql");
+        QTest::newRow("TOP (") << "SELECT TOP (";
+        QTest::newRow("TOP(") << "SELECT TOP(";
+        QTest::newRow("TOP at the end") << "SELECT DISTINCT TOP ";
+        QTest::newRow("unclosed") << "SELECT TOP (5";
+        QTest::newRow("not closed by a parenthesis") << "SELECT TOP (5 A FROM T";
+        QTest::newRow("not a number") << "SELECT TOP A FROM T";
+        QTest::newRow("in a subquery") << "SELECT A FROM T WHERE A = (SELECT TOP (";
+    }
+    void statementCutShortIsAnError()
+    {
+        QFETCH(QString, tsql);
+        try {
+            SqliteDialect::adapt(tsql);
+            QFAIL("adapted");
+        } catch (const DbError &e) {
+            QVERIFY2(e.Description().contains(QLatin1String("TOP")), qPrintable(e.Description()));
+        }
     }
 
     void collation_data()
@@ -161,6 +184,8 @@ private slots:
         QTest::newRow("LIKE without accent") << "SELECT Codigo FROM Articulos WHERE Cod_Empresa =1 AND Descripcion LIKE 'AG%'" << QStringList{"6"};
         QTest::newRow("LIKE contains") << "SELECT Codigo FROM Articulos WHERE Cod_Empresa =1 AND Descripcion LIKE '%de%' ORDER BY Codigo"
                                        << QStringList{"2", "5", "6"};
+        QTest::newRow("LIKE with a pattern per row") << "SELECT Codigo FROM Marcas WHERE 'abeto' LIKE Nombre ORDER BY Codigo"
+                                                     << QStringList{"2"};
         QTest::newRow("LIKE class") << "SELECT Nombre FROM Marcas WHERE Nombre LIKE '[^A]%' ORDER BY Nombre" << QStringList{"BOSQUE", "ÑANDÚ"};
         QTest::newRow("= ignores case") << "SELECT Codigo FROM Proveedores WHERE Cod_Empresa =1 AND Nombre ='garcía y peña s.l.'" << QStringList{"1"};
         QTest::newRow("= keeps accents") << "SELECT Codigo FROM Proveedores WHERE Cod_Empresa =1 AND Nombre ='GARCIA Y PEÑA S.L.'" << QStringList{};

@@ -74,6 +74,35 @@ private slots:
         QCOMPARE(m.nextInput(2), 3);
     }
 
+    void blankTypedAtAnyCharacterSurvivesTheText_data()
+    {
+        QTest::addColumn<QString>("mask");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<bool>("promptInclude");
+        QTest::addColumn<QString>("clip");
+        QTest::newRow("& with prompts") << "&&&" << "A B" << true << "A B";
+        QTest::newRow("& without prompts") << "&&&" << "A B" << false << "A B";
+        QTest::newRow("C position") << "CCC" << "A B" << true << "A B";
+    }
+    void blankTypedAtAnyCharacterSurvivesTheText()
+    {
+        QFETCH(QString, mask);
+        QFETCH(QString, typed);
+        QFETCH(bool, promptInclude);
+        QFETCH(QString, clip);
+        MaskEngine m;
+        m.setMask(mask);
+        int cursor = 0;
+        for (QChar c : typed)
+            cursor = m.type(cursor, c, u'_').cursor;
+        const QString text = m.text(promptInclude, u'_');
+        MaskEngine back;
+        back.setMask(mask);
+        QCOMPARE(back.setText(text, u'_'), -1);
+        QCOMPARE(back.clipText(), clip);
+        QCOMPARE(back.display(u'_'), m.display(u'_'));
+    }
+
     void promptAsInput()
     {
         MaskEngine m;

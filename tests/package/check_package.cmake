@@ -6,8 +6,10 @@ execute_process(COMMAND ${CMAKE_COMMAND} --install ${BINARY_DIR} --prefix ${WORK
 if(NOT rc EQUAL 0)
   message(FATAL_ERROR "install failed")
 endif()
+# The host is built as the library was (a sanitizer build's host carries the same runtime).
 execute_process(COMMAND ${CMAKE_COMMAND} -S ${SOURCE_DIR}/tests/package/host -B ${WORK_DIR}/build
-                -DCMAKE_PREFIX_PATH=${WORK_DIR}/prefix RESULT_VARIABLE rc)
+                -DCMAKE_PREFIX_PATH=${WORK_DIR}/prefix -DCMAKE_CXX_COMPILER=${HOST_CXX_COMPILER}
+                "-DCMAKE_CXX_FLAGS=${HOST_CXX_FLAGS}" RESULT_VARIABLE rc)
 if(NOT rc EQUAL 0)
   message(FATAL_ERROR "the host did not configure against the installed package")
 endif()

@@ -59,6 +59,14 @@ private slots:
         QTest::newRow("negative") << "-42" << -42.0;
         QTest::newRow("hex") << "&HFF" << 255.0;
         QTest::newRow("exponent") << "2E3" << 2000.0;
+        const double largest = std::numeric_limits<double>::max();
+        QTest::newRow("hex beyond 64 bits") << "&HFFFFFFFFFFFFFFFFFFF" << 0x1p76 - 1;
+        QTest::newRow("octal beyond 64 bits") << "&O7777777777777777777777777" << 0x1p75 - 1;
+        QTest::newRow("hex beyond a double") << "&H" + QString(300, u'F') << largest;
+        QTest::newRow("large exponent") << "1e300" << 1e300;
+        QTest::newRow("beyond a double") << "1e999" << largest;
+        QTest::newRow("negative beyond a double") << "-1D999" << -largest;
+        QTest::newRow("400 digits") << QString(400, u'9') << largest;
     }
     void valReadsLeadingDigits()
     {
@@ -125,6 +133,8 @@ private slots:
         QCOMPARE(Legacy::Format00(7), QStringLiteral("07"));
         QCOMPARE(Legacy::Format00(12), QStringLiteral("12"));
         QCOMPARE(Legacy::Format00(123), QStringLiteral("123"));
+        QCOMPARE(Legacy::Format00(-5), QStringLiteral("-05"));
+        QCOMPARE(Legacy::Format00(std::numeric_limits<qint64>::min()), QStringLiteral("-9223372036854775808"));
     }
 
     void datesAreDayFirst_data()

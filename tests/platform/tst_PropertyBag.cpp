@@ -96,6 +96,20 @@ private slots:
         QVERIFY(!bag.contains(QStringLiteral("DataFormat")));
     }
 
+    void edgesOfTheRangesLoad()
+    {
+        const PropertyBag bag = PropertyBag::fromText(QStringLiteral(
+            "A = -2147483648\nB = 4294967295\nC = 1.7e308\nD = -4294967296.\nBeginProperty Font\n Size = 2160\nEndProperty\n"));
+        QCOMPARE(bag.ReadProperty(QStringLiteral("A")).toLongLong(), -2147483648LL);
+        QCOMPARE(bag.ReadProperty(QStringLiteral("B")).toLongLong(), 4294967295LL);
+        QCOMPARE(bag.ReadProperty(QStringLiteral("C")).toDouble(), 1.7e308);
+        QCOMPARE(bag.ReadProperty(QStringLiteral("Font")).value<StdFont>().Size, 2160.0);
+        // Written back, they read again: the whole decimal stays a decimal.
+        const PropertyBag back = PropertyBag::fromText(bag.toText());
+        QCOMPARE(back.ReadProperty(QStringLiteral("D")), QVariant(-4294967296.0));
+        QCOMPARE(back.toText(), bag.toText());
+    }
+
     void malformedBlocksNameTheLine_data()
     {
         QTest::addColumn<QString>("text");
@@ -105,10 +119,22 @@ private slots:
         QTest::newRow("unknown value") << "Width = 12px\n" << 1;
         QTest::newRow("missing value") << "A = 1\nB =\n" << 2;
         QTest::newRow("bad key") << "1A = 1\n" << 1;
+        QTest::newRow("block word as a key") << "A = 1\nBegin\r = 0\n" << 2;
         QTest::newRow("unclosed font") << "BeginProperty Font\n  Name = \"X\"\n" << 1;
         QTest::newRow("stray EndProperty") << "A = 1\nEndProperty\n" << 2;
         QTest::newRow("frx reference") << "Text = $\"frmA.frx\":0000\n" << 1;
         QTest::newRow("text after End") << "Begin A.B c\nA = 1\nEnd\nB = 2\n" << 4;
+        QTest::newRow("whole number beyond 64 bits") << "A = 1\nMaxLength = 99999999999999999999\n" << 2;
+        QTest::newRow("whole number beyond 32 bits") << "MaxLength = 4294967296\n" << 1;
+        QTest::newRow("below the 32-bit range") << "MaxLength = -2147483649\n" << 1;
+        QTest::newRow("decimal beyond a double") << "A = 1e999\n" << 1;
+        QTest::newRow("font size beyond a double")
+            << "BeginProperty Font {0BE35203-8F91-11CE-9DE3-00AA004BB851}\n Name = \"X\"\n Size = 1e999\nEndProperty\n" << 3;
+        QTest::newRow("font size beyond any font") << "BeginProperty Font\n Size = 1e300\nEndProperty\n" << 2;
+        QString deep;
+        for (int i = 0; i < 20000; ++i)
+            deep += QStringLiteral("BeginProperty P%1\n").arg(i);
+        QTest::newRow("20,000 nested blocks") << deep << 33;
     }
     void malformedBlocksNameTheLine()
     {

@@ -100,6 +100,19 @@ class tst_frmBusqueda : public QObject
     }
 
 private slots:
+    void filterBoxesTakeWhatAClerkTypes_data() { variants(); }
+    void filterBoxesTakeWhatAClerkTypes()
+    {
+        QFETCH(int, v);
+        std::unique_ptr<frmBusqueda> d(variant(v).make());
+        const QList<TextField *> boxes = d->findChildren<TextField *>();
+        QVERIFY(!boxes.isEmpty());
+        for (TextField *box : boxes) {
+            box->setText(u'*' + QString(32000, u'A'));
+            QCOMPARE(box->text().size(), 80);
+        }
+    }
+
     void layoutTexts_data() { variants(); }
     void layoutTexts()
     {
