@@ -199,7 +199,8 @@ void TextField::applyKey(QKeyEvent *event)
 
 void TextField::insertTyped(const QString &text)
 {
-    insert(text.left(room()));
+    if (room() > 0)
+        insert(text.left(room()));
 }
 
 void TextField::cutText() { cut(); }
@@ -320,7 +321,15 @@ void TextField::mouseMoveEvent(QMouseEvent *event)
 void TextField::mouseReleaseEvent(QMouseEvent *event)
 {
     raiseMouse(event, &TextField::MouseUp);
-    QLineEdit::mouseReleaseEvent(event);
+    if (event->button() == Qt::MiddleButton && QApplication::clipboard()->supportsSelection()) {
+        // The selection's paste, through the typing limit and the field's own editing.
+        if (!isReadOnly()) {
+            deselect();
+            insertTyped(QApplication::clipboard()->text(QClipboard::Selection));
+        }
+    } else {
+        QLineEdit::mouseReleaseEvent(event);
+    }
     if (m_pressedInside && rect().contains(event->position().toPoint()))
         emit Click();
     m_pressedInside = false;
