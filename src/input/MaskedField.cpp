@@ -17,7 +17,7 @@ MaskedField::MaskedField(QWidget *parent)
     setMaxLength(64);
     setDragEnabled(false);
     setAcceptDrops(false);
-    // Whatever changes the display other than the mask (a context-menu paste, undo) is undone.
+    // Whatever changes the display other than the mask (a drop, undo) is undone.
     connect(this, &QLineEdit::textChanged, this, [this] {
         if (!m_refreshing && m_engine.hasMask() && QLineEdit::text() != m_engine.display(m_prompt))
             refresh(cursorPosition());
@@ -37,7 +37,7 @@ void MaskedField::setMask(const QString &mask)
 {
     m_engine.setMask(mask);
     if (m_engine.hasMask()) {
-        QLineEdit::setMaxLength(m_engine.length());
+        setMaxLength(m_engine.length());
         refresh(0);
     } else {
         QLineEdit::setText(QString());
@@ -148,6 +148,45 @@ void MaskedField::insertTyped(const QString &text)
     }
 }
 
+void MaskedField::copyText()
+{
+    if (!m_engine.hasMask()) {
+        TextField::copyText();
+        return;
+    }
+    QString selected = selectedText();
+    if (m_clipMode == 1) {
+        MaskEngine part;
+        part.setMask(m_engine.mask());
+        part.setText(QLineEdit::text(), m_prompt);
+        part.erase(0, selectionStart());
+        part.erase(selectionStart() + int(selected.size()), part.length());
+        selected = part.clipText();
+    }
+    QApplication::clipboard()->setText(selected);
+}
+
+void MaskedField::cutText()
+{
+    if (!m_engine.hasMask()) {
+        TextField::cutText();
+        return;
+    }
+    copyText();
+    if (!isReadOnly())
+        deleteText();
+}
+
+void MaskedField::deleteText()
+{
+    if (!m_engine.hasMask()) {
+        TextField::deleteText();
+        return;
+    }
+    if (!isReadOnly() && hasSelectedText())
+        eraseSelectionOr(cursorPosition(), cursorPosition());
+}
+
 void MaskedField::applyKey(QKeyEvent *event)
 {
     if (!m_engine.hasMask()) {
@@ -156,20 +195,12 @@ void MaskedField::applyKey(QKeyEvent *event)
     }
     const int cursor = cursorPosition();
     if (event->matches(QKeySequence::Paste)) {
-        insertTyped(QApplication::clipboard()->text());
-    } else if (event->matches(QKeySequence::Copy) || event->matches(QKeySequence::Cut)) {
-        QString selected = selectedText();
-        if (m_clipMode == 1) {
-            MaskEngine part;
-            part.setMask(m_engine.mask());
-            part.setText(QLineEdit::text(), m_prompt);
-            part.erase(0, selectionStart());
-            part.erase(selectionStart() + int(selected.size()), part.length());
-            selected = part.clipText();
-        }
-        QApplication::clipboard()->setText(selected);
-        if (event->matches(QKeySequence::Cut) && !isReadOnly())
-            eraseSelectionOr(cursor, cursor);
+        if (!isReadOnly())
+            pasteText();
+    } else if (event->matches(QKeySequence::Copy)) {
+        copyText();
+    } else if (event->matches(QKeySequence::Cut)) {
+        cutText();
     } else if (event->key() == Qt::Key_Backspace && !isReadOnly()) {
         const int previous = m_engine.previousInput(cursor - 1);
         if (hasSelectedText())

@@ -51,6 +51,11 @@ signals:
 protected:
     void applyKey(QKeyEvent *event) override;
     void insertTyped(const QString &text) override;
+    /// Through the mask: a copy without the literals under ClipMode 1, a cut or a delete empties
+    /// the selected positions (a paste types the clipboard, as the base does).
+    void copyText() override;
+    void cutText() override;
+    void deleteText() override;
 
 private:
     void refresh(int cursor);

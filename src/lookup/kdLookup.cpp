@@ -86,38 +86,36 @@ void kdLookup::Validar_Codigo(bool moverFoco)
 {
     m_existe = false;
     const qint32 n = Legacy::CLng(Legacy::Val(txtCodigo->text()));
-    const bool moveOn = moverFoco && m_keyEnterChangeFocus;
+    bool moveOn = true;
     if (!isOpenBound(n)) {
         if (Refrescar_Datos()) {
             m_existe = true;
-            if (moveOn)
-                modTeclas::MoveFocusNext();
         } else {
             if (m_vital) {
                 txtCodigo->setText(QString());
                 setName(QString());
-            } else if (moveOn) {
-                modTeclas::MoveFocusNext();
+                moveOn = false;
             }
             setName(m_texts.inexistente);
         }
     } else if (m_vital) {
         txtCodigo->setText(QString());
         setName(QString());
+        moveOn = false;
+    } else if (leavesBlank()) {
+        setName(QString());
+    } else if (m_inicial) {
+        txtCodigo->setText(m_texts.lowerBound);
+        setName(m_texts.inicial);
     } else {
-        if (leavesBlank()) {
-            setName(QString());
-        } else if (m_inicial) {
-            txtCodigo->setText(m_texts.lowerBound);
-            setName(m_texts.inicial);
-        } else {
-            txtCodigo->setText(m_texts.upperBound);
-            setName(m_texts.final);
-        }
-        if (moveOn)
-            modTeclas::MoveFocusNext();
+        txtCodigo->setText(m_texts.upperBound);
+        setName(m_texts.final);
     }
     m_modified = false;
+    if (moveOn && moverFoco && m_keyEnterChangeFocus) {
+        m_movingOn = true;
+        modTeclas::MoveFocusNext();
+    }
 }
 
 void kdLookup::openSearch()
@@ -170,6 +168,7 @@ void kdLookup::onChange()
 
 void kdLookup::onGotFocus()
 {
+    m_movingOn = false;
     SelectText();
     if (Enabled())
         txtCodigo->setBackColor(LegacyColor::FocusBackColor);
@@ -179,7 +178,13 @@ void kdLookup::onLostFocus()
 {
     if (Enabled())
         txtCodigo->setBackColor(LegacyColor::WindowBackground);
-    Validar_Codigo(false);
+    // Leaving is the focus moving to another control of this window: a dialog, a message box,
+    // a popup or another window taking it is not, the clerk comes back to the box. The move
+    // Enter made after validating does not validate the same code again.
+    const bool validated = m_movingOn && !m_modified;
+    m_movingOn = false;
+    if (txtCodigo->leftWithinWindow() && !validated)
+        Validar_Codigo(false);
 }
 
 void kdLookup::keyPressEvent(QKeyEvent *event)

@@ -169,6 +169,7 @@ private:
     bool m_keyUpChangeFocus = false;
     bool m_keyEnterChangeFocus = false;
     bool m_modified = false;
+    bool m_movingOn = false; // Enter validated the code and moved the focus on
     bool m_existe = false;
     bool m_causesValidation = true;
 };

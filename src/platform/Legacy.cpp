@@ -2,6 +2,7 @@
 
 #include <QRegularExpression>
 #include <QStringList>
+#include <QTime>
 #include <cmath>
 #include <limits>
 
@@ -190,17 +191,26 @@ QString Format00(qint64 value)
 
 std::optional<QDate> CDate(const QString &text)
 {
-    static const QRegularExpression re(
-        QStringLiteral(R"(^\s*(\d{1,2})\s*[/\-.]\s*(\d{1,2})(?:\s*[/\-.]\s*(\d{1,4}))?\s*$)"));
+    // Groups: 1-3 year, month, day of the year-first form; 4-6 day, month, year of the
+    // day-first form; 7-9 the time of day.
+    static const QRegularExpression re(QStringLiteral(
+        R"(^\s*(?:(\d{4})\s*[/\-.]\s*(\d{1,2})\s*[/\-.]\s*(\d{1,2})|(\d{1,2})\s*[/\-.]\s*(\d{1,2})(?:\s*[/\-.]\s*(\d{1,4})?)?))"
+        R"((?:(?:\s+|T)(\d{1,2}):(\d{2})(?::(\d{2}))?)?\s*$)"));
     const auto m = re.match(text);
     if (!m.hasMatch())
         return std::nullopt;
-    const int day = m.captured(1).toInt();
-    const int month = m.captured(2).toInt();
+    if (m.hasCaptured(7) && !QTime(m.captured(7).toInt(), m.captured(8).toInt(), m.captured(9).toInt()).isValid())
+        return std::nullopt;
+    if (m.hasCaptured(1)) {
+        const QDate date(m.captured(1).toInt(), m.captured(2).toInt(), m.captured(3).toInt());
+        return date.isValid() ? std::optional(date) : std::nullopt;
+    }
+    const int day = m.captured(4).toInt();
+    const int month = m.captured(5).toInt();
     int year = QDate::currentDate().year();
-    if (!m.captured(3).isEmpty()) {
-        year = m.captured(3).toInt();
-        if (m.captured(3).size() <= 2)
+    if (m.hasCaptured(6)) {
+        year = m.captured(6).toInt();
+        if (m.captured(6).size() <= 2)
             year += year < 30 ? 2000 : 1900;
         else if (year < 100)
             return std::nullopt;

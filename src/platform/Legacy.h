@@ -32,7 +32,8 @@ QString Trim(const QString &text);
 /// Integer with at least two digits: 7 gives "07".
 QString Format00(qint64 value);
 /// Day-first date reading: d/m/y, d-m-y or d.m.y, two-digit years 30-99 in the 1900s and
-/// 00-29 in the 2000s, d/m alone in the current year. Impossible dates give no value.
+/// 00-29 in the 2000s, d/m alone (or "d/m/") in the current year; also yyyy-mm-dd. A time of
+/// day after the date ("01/11/2026 10:30:00") is allowed and dropped. Impossible dates give no value.
 std::optional<QDate> CDate(const QString &text);
 inline bool IsDate(const QString &text) { return CDate(text).has_value(); }
 /// "dd/mm/yyyy".

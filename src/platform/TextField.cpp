@@ -4,7 +4,11 @@
 #include "platform/LegacyColor.h"
 #include "platform/Twips.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QKeyEvent>
+#include <QMenu>
+#include <QMimeData>
 #include <QProxyStyle>
 
 namespace Varnel_Controles {
@@ -35,7 +39,6 @@ TextField::TextField(QWidget *parent)
     , m_backColor(LegacyColor::WindowBackground)
     , m_foreColor(LegacyColor::WindowText)
 {
-    setMaxLength(0);
     connect(this, &QLineEdit::textChanged, this, [this] { emit Change(); });
     applyColors();
 }
@@ -114,14 +117,17 @@ void TextField::setAlignment(qint16 value)
     QLineEdit::setAlignment(h | Qt::AlignVCenter);
 }
 
-qint32 TextField::MaxLength() const
-{
-    return QLineEdit::maxLength() >= 32767 ? 0 : QLineEdit::maxLength();
-}
-
+// The line edit's own limit stays off: it would also cut what the program writes.
 void TextField::setMaxLength(qint32 value)
 {
-    QLineEdit::setMaxLength(value <= 0 ? 32767 : value);
+    m_maxLength = qMax(0, value);
+}
+
+qsizetype TextField::room() const
+{
+    if (m_maxLength == 0)
+        return std::numeric_limits<qsizetype>::max();
+    return qMax<qsizetype>(0, m_maxLength - text().size() + selectedText().size());
 }
 
 qint32 TextField::SelStart() const
@@ -176,20 +182,100 @@ void TextField::keyPressEvent(QKeyEvent *event)
 
 void TextField::applyKey(QKeyEvent *event)
 {
+    if (event->matches(QKeySequence::Paste)) {
+        if (!isReadOnly())
+            pasteText();
+        event->accept();
+        return;
+    }
+    const bool types = !event->text().isEmpty() && event->text().at(0).unicode() >= 32
+        && !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier));
+    if (types && room() < event->text().size()) {
+        event->accept(); // the typing limit is reached
+        return;
+    }
     QLineEdit::keyPressEvent(event);
 }
 
 void TextField::insertTyped(const QString &text)
 {
-    insert(text);
+    if (room() > 0)
+        insert(text.left(room()));
+}
+
+void TextField::cutText() { cut(); }
+void TextField::copyText() { copy(); }
+void TextField::pasteText() { insertTyped(QApplication::clipboard()->text()); }
+void TextField::deleteText() { del(); }
+
+QMenu *TextField::createContextMenu()
+{
+    auto *menu = new QMenu(this);
+    const bool editable = !isReadOnly();
+    const bool shown = echoMode() == QLineEdit::Normal; // a password is neither cut nor copied
+    const auto add = [&](const QString &text, bool enabled, QKeySequence::StandardKey key, auto edit) {
+        QAction *action = menu->addAction(text, this, edit);
+        action->setEnabled(enabled);
+        action->setShortcut(key);
+        action->setShortcutVisibleInContextMenu(true);
+    };
+    if (editable) {
+        add(QStringLiteral("&Deshacer"), isUndoAvailable(), QKeySequence::Undo, &QLineEdit::undo);
+        add(QStringLiteral("&Rehacer"), isRedoAvailable(), QKeySequence::Redo, &QLineEdit::redo);
+        menu->addSeparator();
+        add(QStringLiteral("Cor&tar"), shown && hasSelectedText(), QKeySequence::Cut, &TextField::cutText);
+    }
+    add(QStringLiteral("&Copiar"), shown && hasSelectedText(), QKeySequence::Copy, &TextField::copyText);
+    if (editable) {
+        add(QStringLiteral("&Pegar"), !QApplication::clipboard()->text().isEmpty(), QKeySequence::Paste, &TextField::pasteText);
+        add(QStringLiteral("&Eliminar"), hasSelectedText(), QKeySequence::UnknownKey, &TextField::deleteText);
+    }
+    menu->addSeparator();
+    add(QStringLiteral("&Seleccionar todo"), !text().isEmpty() && selectedText() != text(), QKeySequence::SelectAll,
+        &QLineEdit::selectAll);
+    return menu;
+}
+
+void TextField::contextMenuEvent(QContextMenuEvent *event)
+{
+    QMenu *menu = createContextMenu();
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->popup(event->globalPos());
+}
+
+void TextField::inputMethodEvent(QInputMethodEvent *event)
+{
+    if (event->commitString().size() <= room()) {
+        QLineEdit::inputMethodEvent(event);
+        return;
+    }
+    QInputMethodEvent cut(event->preeditString(), event->attributes());
+    cut.setCommitString(event->commitString().left(room()), event->replacementStart(), event->replacementLength());
+    QLineEdit::inputMethodEvent(&cut);
+}
+
+// A drop that would go past the typing limit is refused whole.
+void TextField::dropEvent(QDropEvent *event)
+{
+    if (event->mimeData()->hasText() && m_maxLength > 0
+        && text().size() + event->mimeData()->text().size() > m_maxLength) {
+        event->ignore();
+        return;
+    }
+    QLineEdit::dropEvent(event);
 }
 
 // The field receives a character other than the one typed (changed by the filter or the host).
 void TextField::deliverCharacter(QKeyEvent *original, qint16 keyAscii)
 {
     original->accept();
-    if (keyAscii == 0)
+    if (keyAscii == 0) {
+        // Escape types nothing anyway: dropping its character leaves the key to the window
+        // (a dialog's cancel), as the line edit itself does.
+        if (original->key() == Qt::Key_Escape)
+            original->ignore();
         return;
+    }
     if (keyAscii == 8) {
         QKeyEvent backspace(QEvent::KeyPress, Qt::Key_Backspace, Qt::NoModifier, QStringLiteral("\b"));
         applyKey(&backspace);
@@ -235,7 +321,15 @@ void TextField::mouseMoveEvent(QMouseEvent *event)
 void TextField::mouseReleaseEvent(QMouseEvent *event)
 {
     raiseMouse(event, &TextField::MouseUp);
-    QLineEdit::mouseReleaseEvent(event);
+    if (event->button() == Qt::MiddleButton && QApplication::clipboard()->supportsSelection()) {
+        // The selection's paste, through the typing limit and the field's own editing.
+        if (!isReadOnly()) {
+            deselect();
+            insertTyped(QApplication::clipboard()->text(QClipboard::Selection));
+        }
+    } else {
+        QLineEdit::mouseReleaseEvent(event);
+    }
     if (m_pressedInside && rect().contains(event->position().toPoint()))
         emit Click();
     m_pressedInside = false;
@@ -255,6 +349,10 @@ void TextField::focusInEvent(QFocusEvent *event)
 
 void TextField::focusOutEvent(QFocusEvent *event)
 {
+    // The focus widget is already the one the focus goes to (none when a window takes it).
+    const QWidget *next = QApplication::focusWidget();
+    m_leftWithinWindow = event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason
+        && (!next || next->window() == window());
     QLineEdit::focusOutEvent(event);
     emit LostFocus();
 }

@@ -5,6 +5,8 @@
 
 #include <QLineEdit>
 
+class QMenu;
+
 namespace Varnel_Controles {
 
 class TextField : public QLineEdit
@@ -31,8 +33,9 @@ public:
     /// 0 left, 1 right, 2 centre.
     qint16 Alignment() const;
     void setAlignment(qint16 value);
-    /// Maximum length, 0 for no limit.
-    qint32 MaxLength() const;
+    /// The typing limit, 0 for none: what the user types, pastes or drops stops there; text the
+    /// program writes (setText) is never cut.
+    qint32 MaxLength() const { return m_maxLength; }
     void setMaxLength(qint32 value);
     /// Caret position (start of the selection when there is one); setting it drops the selection.
     qint32 SelStart() const;
@@ -40,6 +43,12 @@ public:
     /// Selection length from SelStart.
     qint32 SelLength() const;
     void setSelLength(qint32 value);
+    /// Whether the focus, when it last left, moved to another control of the same window (not
+    /// to a popup, a dialog, a message box or another window, from which the user comes back).
+    bool leftWithinWindow() const { return m_leftWithinWindow; }
+    /// The context menu, in Spanish, its actions going through the field's own editing (the
+    /// typing limit, the mask); the caller owns it.
+    QMenu *createContextMenu();
 
 signals:
     void KeyDown(qint16 &KeyCode, qint16 &Shift);
@@ -61,6 +70,14 @@ protected:
     virtual void applyKey(QKeyEvent *event);
     /// A typed character other than the key's own (changed by a filter or the host).
     virtual void insertTyped(const QString &text);
+    /// Room left under the typing limit for text replacing the selection.
+    qsizetype room() const;
+    /// The editing of the keys and the context menu: the clipboard through the typing limit.
+    virtual void cutText();
+    virtual void copyText();
+    virtual void pasteText();
+    /// Deletes the selection.
+    virtual void deleteText();
 
     void keyPressEvent(QKeyEvent *event) override;
     void keyReleaseEvent(QKeyEvent *event) override;
@@ -70,6 +87,9 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    void inputMethodEvent(QInputMethodEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
 
 private:
     void applyColors();
@@ -84,6 +104,8 @@ private:
     qint16 m_appearance = 1;
     qint16 m_borderStyle = 1;
     bool m_pressedInside = false;
+    bool m_leftWithinWindow = false;
+    qint32 m_maxLength = 0;
 };
 
 } // namespace Varnel_Controles

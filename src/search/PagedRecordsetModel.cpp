@@ -19,10 +19,10 @@ void PagedRecordsetModel::clear()
     m_lastTopRow = 0;
 }
 
-void PagedRecordsetModel::setSource(Recordset *recordset, RowText rowText)
+void PagedRecordsetModel::setSource(Recordset *recordset, RowCells rowCells)
 {
     m_source = recordset;
-    m_rowText = std::move(rowText);
+    m_rowCells = std::move(rowCells);
 }
 
 bool PagedRecordsetModel::sourceAtEnd() const
@@ -34,7 +34,7 @@ int PagedRecordsetModel::fetch(int count)
 {
     int added = 0;
     while (added < count && !sourceAtEnd()) {
-        addItem(m_rowText(*m_source));
+        addItem(m_rowCells(*m_source));
         m_source->moveNext();
         ++added;
     }
@@ -62,11 +62,11 @@ int PagedRecordsetModel::scrolled(int topRow)
     return added;
 }
 
-void PagedRecordsetModel::addItem(const QString &tabSeparated)
+void PagedRecordsetModel::addItem(const QStringList &cells)
 {
     const int row = int(m_rows.size());
     beginInsertRows({}, row, row);
-    m_rows << tabSeparated.split(u'\t');
+    m_rows << cells;
     endInsertRows();
 }
 

@@ -1,6 +1,7 @@
 // The rows of a search grid, pulled on demand from a recordset that stays open: a page after
 // each search, another page when PageDown reaches the second-to-last row, one row for each
-// scroll that moves the top row down. Rows are never re-read (the recordset is forward-only).
+// scroll that moves the top row down, and whatever the grid needs to show more rows than fit.
+// Rows are never re-read (the recordset is forward-only).
 #pragma once
 
 #include <QAbstractTableModel>
@@ -16,8 +17,8 @@ class PagedRecordsetModel : public QAbstractTableModel
     Q_OBJECT
 
 public:
-    /// Turns the recordset's current row into the grid's row: cells separated by TAB.
-    using RowText = std::function<QString(const Recordset &)>;
+    /// Turns the recordset's current row into the grid's cells (a cell may hold any text, TAB too).
+    using RowCells = std::function<QStringList(const Recordset &)>;
 
     PagedRecordsetModel(int columns, int pageSize, QObject *parent = nullptr);
 
@@ -25,9 +26,11 @@ public:
     /// Empties the grid and forgets the last top row (the recordset is left alone).
     void clear();
     /// Reads from `recordset` from now on (not owned; null stops the reading).
-    void setSource(Recordset *recordset, RowText rowText);
+    void setSource(Recordset *recordset, RowCells rowCells);
     /// Adds up to `count` rows from the recordset; returns how many were added.
     int fetch(int count);
+    /// Adds rows until there are `rows` of them or the recordset ends; returns how many were added.
+    int fetchUpTo(int rows) { return fetch(rows - rowCount()); }
     /// PageDown on `currentRow`: a page is added only when it is the second-to-last row.
     /// `topRow` is asked after each added row and kept as the last top row.
     int pageDown(int currentRow, const std::function<int()> &topRow);
@@ -36,8 +39,8 @@ public:
     int lastTopRow() const { return m_lastTopRow; }
     bool sourceAtEnd() const;
 
-    /// Adds one row from TAB-separated text.
-    void addItem(const QString &tabSeparated);
+    /// Adds one row of cells.
+    void addItem(const QStringList &cells);
     QString cell(int row, int column) const;
     void setColumnAlignment(int column, Qt::Alignment alignment);
 
@@ -52,7 +55,7 @@ private:
     QList<QStringList> m_rows;
     QList<Qt::Alignment> m_alignment;
     Recordset *m_source = nullptr;
-    RowText m_rowText;
+    RowCells m_rowCells;
 };
 
 } // namespace Varnel_Controles

@@ -40,6 +40,18 @@ int SearchGrid::TopRow() const
     return row < 0 ? 0 : row;
 }
 
+int SearchGrid::VisibleRows() const
+{
+    const int row = qMax(1, verticalHeader()->defaultSectionSize());
+    return (viewport()->height() + row - 1) / row;
+}
+
+void SearchGrid::resizeEvent(QResizeEvent *event)
+{
+    QTableView::resizeEvent(event);
+    Q_EMIT ViewResized();
+}
+
 int SearchGrid::Rows() const
 {
     return model() ? model()->rowCount() : 0;

@@ -19,6 +19,8 @@ public:
     void setRow(int row);
     /// The first visible row.
     int TopRow() const;
+    /// How many rows the view shows at its size (a row partly shown counts).
+    int VisibleRows() const;
     int Rows() const;
     /// Column width in twips.
     void setColWidth(int column, int twips);
@@ -26,9 +28,12 @@ public:
 signals:
     void KeyDown(qint16 &KeyCode, qint16 &Shift);
     void KeyPress(qint16 &KeyAscii);
+    /// The view changed its size: it may show more rows than before.
+    void ViewResized();
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 };
 
 } // namespace Varnel_Controles

@@ -101,6 +101,11 @@ frmBusqueda::frmBusqueda(const QString &name, const QString &caption, const QStr
             return;
         RedrawOff redraw(vsListado, m_adding);
         m_model->scrolled(vsListado->TopRow());
+        fillView();
+    });
+    connect(vsListado, &SearchGrid::ViewResized, this, [this] {
+        RedrawOff redraw(vsListado, m_adding);
+        fillView();
     });
 }
 
@@ -153,6 +158,13 @@ void frmBusqueda::setColumn(int column, int widthTwips, Qt::Alignment alignment)
 
 QString frmBusqueda::cell(int row, int column) const { return m_model->cell(row, column); }
 
+// A page of rows beyond the visible ones while the recordset has more: the grid has a
+// scrollbar, and Down, PageDown, the wheel and the scrollbar always have rows to go to.
+void frmBusqueda::fillView()
+{
+    m_model->fetchUpTo(vsListado->TopRow() + 2 * vsListado->VisibleRows());
+}
+
 void frmBusqueda::focusGrid()
 {
     if (m_model->rowCount() == 0)
@@ -169,8 +181,9 @@ void frmBusqueda::search(const QString &statement)
     if (m_recordset->isOpen())
         m_recordset->close();
     m_recordset->open(statement, ContextoDatos().conexion());
-    m_model->setSource(m_recordset.get(), [this](const Recordset &rs) { return rowText(rs); });
+    m_model->setSource(m_recordset.get(), [this](const Recordset &rs) { return rowCells(rs); });
     m_model->fetch(m_model->pageSize());
+    fillView();
     // Only this last step may fail silently (a list preloaded before the dialog is shown).
     focusGrid();
 }
@@ -229,14 +242,14 @@ void frmBusqueda::onAceptar()
     if (m_model->rowCount() == 0)
         return;
     const int row = qMax(0, vsListado->Row());
-    hide();
+    done(Accepted);
     QApplication::processEvents();
     takeRow(row);
 }
 
 void frmBusqueda::onCancelar()
 {
-    hide();
+    done(Rejected);
     QApplication::processEvents();
     clearResult();
 }

@@ -1,6 +1,8 @@
 // What every search dialog shares: filter boxes that upper-case as typed, a grid filled page
-// by page from a recordset kept open for the dialog's life, the keys between filter and grid,
-// Accept, Cancel and the close box. A dialog gives its statement, its row text and its result.
+// by page from a recordset kept open for the dialog's life (always a page beyond what it shows
+// while more rows exist, so it scrolls at any size), the keys between filter and grid, Accept
+// (exec() gives Accepted), Cancel, Esc and the close box (Rejected). A dialog gives its
+// statement, its row cells and its result.
 #pragma once
 
 #include <QDialog>
@@ -37,8 +39,8 @@ protected:
     void search(const QString &statement);
     /// Runs the dialog's search from its filter boxes (Enter in the last box).
     virtual void searchFromFilters() = 0;
-    /// The grid row of the recordset's current record, cells separated by TAB.
-    virtual QString rowText(const Recordset &recordset) const = 0;
+    /// The grid cells of the recordset's current record.
+    virtual QStringList rowCells(const Recordset &recordset) const = 0;
     /// Accept: the result from grid row `row` (the dialog is already hidden). By default the
     /// code is the number in column 0 and the name the text of column 1.
     virtual void takeRow(int row);
@@ -83,6 +85,7 @@ private:
     void onGridKeyDown(qint16 &keyCode, qint16 &shift);
     void onGridKeyPress(qint16 &keyAscii);
     void connectFilter(TextField *box);
+    void fillView();
 
     std::unique_ptr<Recordset> m_recordset;
     bool m_adding = false; // rows are being added: scroll notifications are not user scrolls

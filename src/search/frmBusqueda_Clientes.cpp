@@ -75,14 +75,12 @@ void frmBusqueda_Clientes::filterKeyDown(TextField *box, qint16 keyCode)
         txtNombre->setFocus();
 }
 
-QString frmBusqueda_Clientes::rowText(const Recordset &rs) const
+QStringList frmBusqueda_Clientes::rowCells(const Recordset &rs) const
 {
     const QVariant nif = rs.field(QStringLiteral("Nif"));
-    return rs.text(QStringLiteral("Codigo")) + u'\t'
-        + withTradeName(rs.text(QStringLiteral("Nombre")), rs.field(QStringLiteral("Nombre_Comercial"))) + u'\t'
-        + (nif.isNull() ? QString() : nif.toString());
+    return {rs.text(QStringLiteral("Codigo")),
+            withTradeName(rs.text(QStringLiteral("Nombre")), rs.field(QStringLiteral("Nombre_Comercial"))),
+            nif.isNull() ? QString() : nif.toString()};
 }
-
-
 
 } // namespace Varnel_Controles

@@ -28,7 +28,7 @@ protected:
     void searchFromFilters() override;
     void filterEnter(TextField *box) override;
     void filterKeyDown(TextField *box, qint16 keyCode) override;
-    QString rowText(const Recordset &recordset) const override;
+    QStringList rowCells(const Recordset &recordset) const override;
 
 private:
     TextField *txtNif;

@@ -26,11 +26,9 @@ void frmBusqueda_Marcas::Recuperar_Registros(const QString &texto) { search(stat
 
 void frmBusqueda_Marcas::searchFromFilters() { Recuperar_Registros(Legacy::Trim(txtNombre->text())); }
 
-QString frmBusqueda_Marcas::rowText(const Recordset &rs) const
+QStringList frmBusqueda_Marcas::rowCells(const Recordset &rs) const
 {
-    return rs.text(QStringLiteral("Codigo")) + u'\t' + rs.text(QStringLiteral("Nombre"));
+    return {rs.text(QStringLiteral("Codigo")), rs.text(QStringLiteral("Nombre"))};
 }
-
-
 
 } // namespace Varnel_Controles

@@ -27,7 +27,7 @@ public:
 
 protected:
     void searchFromFilters() override;
-    QString rowText(const Recordset &recordset) const override;
+    QStringList rowCells(const Recordset &recordset) const override;
 
 };
 

@@ -31,12 +31,10 @@ void frmBusqueda_Proveedores::Recuperar_Registros(const QString &texto) { search
 
 void frmBusqueda_Proveedores::searchFromFilters() { Recuperar_Registros(Legacy::Trim(txtNombre->text())); }
 
-QString frmBusqueda_Proveedores::rowText(const Recordset &rs) const
+QStringList frmBusqueda_Proveedores::rowCells(const Recordset &rs) const
 {
-    return rs.text(QStringLiteral("Codigo")) + u'\t'
-        + withTradeName(rs.text(QStringLiteral("Nombre")), rs.field(QStringLiteral("Nombre_Comercial")));
+    return {rs.text(QStringLiteral("Codigo")),
+            withTradeName(rs.text(QStringLiteral("Nombre")), rs.field(QStringLiteral("Nombre_Comercial")))};
 }
-
-
 
 } // namespace Varnel_Controles

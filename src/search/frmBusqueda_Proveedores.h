@@ -25,7 +25,7 @@ public:
 
 protected:
     void searchFromFilters() override;
-    QString rowText(const Recordset &recordset) const override;
+    QStringList rowCells(const Recordset &recordset) const override;
 
 private:
     qint16 m_empresa = 0;

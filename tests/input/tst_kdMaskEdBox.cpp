@@ -3,7 +3,9 @@
 #include "platform/TextField.h"
 #include "support/Widgets.h"
 
+#include <QClipboard>
 #include <QLineEdit>
+#include <QMenu>
 #include <QSignalSpy>
 #include <QTest>
 #include <QVBoxLayout>
@@ -50,6 +52,11 @@ private slots:
         QTest::newRow("empty, default no date: today") << true << "MAÑANA" << "" << today << true;
         QTest::newRow("short date written out") << true << "" << "1/2/08" << "01/02/2008" << true;
         QTest::newRow("full date") << true << "" << "15032024" << "15/03/2024" << true;
+        const QString year = QString::number(QDate::currentDate().year());
+        QTest::newRow("day and month: this year") << true << "" << "1503" << "15/03/" + year << true;
+        QTest::newRow("day/month: this year") << true << "" << "1/2" << "01/02/" + year << true;
+        QTest::newRow("default written year first") << true << "2026-11-01" << "" << "01/11/2026" << true;
+        QTest::newRow("default with a time") << true << "01/11/2026 10:30:00" << "" << "01/11/2026" << true;
         QTest::newRow("no such day: emptied, focus kept") << true << "" << "31022008" << "" << false;
         QTest::newRow("half a date: emptied") << true << "" << "12" << "" << false;
         QTest::newRow("date mode off: untouched") << false << "" << "1/2/08" << "1 /2 /08  " << true;
@@ -92,6 +99,29 @@ private slots:
         QCOMPARE(f.date->FormattedText(), QStringLiteral("1 /  /    "));
         QTest::keyClick(f.field(), Qt::Key_Backspace);
         QCOMPARE(f.date->Text(), QString());
+    }
+
+    void contextMenuEditsThroughTheMask()
+    {
+        Form f;
+        auto *field = f.date->findChild<TextField *>(QStringLiteral("txtTexto"));
+        const auto trigger = [field](const QString &text) {
+            std::unique_ptr<QMenu> menu(field->createContextMenu());
+            for (QAction *a : menu->actions())
+                if (a->text() == text && a->isEnabled())
+                    return a->trigger(), true;
+            return false;
+        };
+        f.date->setText(QStringLiteral("05/06/2024"));
+        field->selectAll();
+        QVERIFY(trigger(QStringLiteral("Cor&tar")));
+        QCOMPARE(f.date->Text(), QString());
+        QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("05/06/2024"));
+        QVERIFY(trigger(QStringLiteral("&Pegar")));
+        QCOMPARE(f.date->Text(), QStringLiteral("05/06/2024"));
+        field->setSelection(3, 2);
+        QVERIFY(trigger(QStringLiteral("&Eliminar")));
+        QCOMPARE(f.date->Text(), QStringLiteral("05/  /2024"));
     }
 
     void focusArrival()

@@ -3,6 +3,8 @@
 #include "platform/TextField.h"
 #include "support/Widgets.h"
 
+#include <QClipboard>
+#include <QDialog>
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
@@ -113,6 +115,41 @@ private slots:
         box.SelectText();
         QTest::keyClick(field(&box), Qt::Key_X, Qt::ControlModifier);
         QCOMPARE(box.Text(), QStringLiteral("123"));
+    }
+
+    void escapeInADialogCancelsIt_data()
+    {
+        QTest::addColumn<qint32>("type");
+        QTest::addColumn<int>("keyAscii"); // what the host's KeyPress sees
+        QTest::newRow("alphanumeric") << qint32(Alfanumeric) << 27;
+        QTest::newRow("numeric") << qint32(Numeric) << 0;
+    }
+    void escapeInADialogCancelsIt()
+    {
+        QFETCH(qint32, type);
+        QFETCH(int, keyAscii);
+        QDialog dialog;
+        auto *box = new kdTextBox(&dialog);
+        box->setTypeOfValues(type);
+        QList<int> seen;
+        connect(box, &kdTextBox::KeyPress, this, [&](qint16 &k) { seen << k; });
+        QSignalSpy rejected(&dialog, &QDialog::rejected);
+        QVERIFY(Testing::showActive(dialog));
+        box->setFocus();
+        QTest::keyClick(field(box), Qt::Key_Escape);
+        QCOMPARE(seen, QList<int>{keyAscii});
+        QCOMPARE(rejected.size(), 1);
+    }
+
+    void pastingStopsAtTheTypingLimit()
+    {
+        kdTextBox box;
+        box.setMaxLength(4);
+        box.setText(QStringLiteral("1"));
+        field(&box)->end(false);
+        QApplication::clipboard()->setText(QStringLiteral("23456"));
+        QTest::keyClick(field(&box), Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(box.Text(), QStringLiteral("1234"));
     }
 
     void hostSlotDecidesWhatTheFieldReceives()

@@ -213,6 +213,84 @@ private slots:
         QCOMPARE(ui.modalShown.size(), 4);
     }
 
+    // A dialog, a message box or another window taking the focus is not leaving the box: only
+    // the focus moving to another control of the window validates.
+    void onlyLeavingForAnotherControlValidates_data()
+    {
+        QTest::addColumn<QString>("action");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<bool>("vital");
+        QTest::addColumn<bool>("inicial");
+        QTest::addColumn<bool>("company");
+        QTest::addColumn<QString>("box");
+        QTest::addColumn<QString>("label");
+        QTest::addColumn<int>("messages");
+        QTest::addColumn<QString>("boxLeft"); // once the focus moves to the next control
+        QTest::newRow("F3, Cancel, empty, inicial") << "F3" << "" << false << true << true << "" << "" << 0 << "00000";
+        QTest::newRow("F3, Cancel, 777, vital") << "F3" << "777" << true << true << true << "777" << "" << 0 << "";
+        QTest::newRow("Buscar cancelled") << "Buscar" << "55" << false << false << true << "" << "" << 0 << "99999";
+        QTest::newRow("Enter without a company") << "Enter" << "123" << false << true << false << "123"
+                                                 << "PROVEEDOR INEXISTENTE" << 1 << "123";
+        QTest::newRow("another window, empty") << "window" << "" << false << true << true << "" << "" << 0 << "00000";
+    }
+    void onlyLeavingForAnotherControlValidates()
+    {
+        QFETCH(QString, action);
+        QFETCH(QString, typed);
+        QFETCH(bool, vital);
+        QFETCH(bool, inicial);
+        QFETCH(bool, company);
+        QFETCH(QString, box);
+        QFETCH(QString, label);
+        QFETCH(int, messages);
+        QFETCH(QString, boxLeft);
+        Testing::TestDatabase db;
+        Testing::ScriptedUi ui;
+        Host host(false);
+        if (company)
+            host.lookup->setCEmpresa(db.empresa());
+        host.lookup->setVital(vital);
+        host.lookup->setInicial(inicial);
+        QVERIFY(Testing::showActive(host.window));
+        host.lookup->setFocus();
+        QTest::keyClicks(host.code(), typed);
+        const auto cancel = [](QDialog &d) { d.findChild<QPushButton *>(QStringLiteral("cmdCancelar"))->click(); };
+        if (action == QLatin1String("F3")) {
+            ui.onModal(cancel);
+            QTest::keyClick(host.code(), Qt::Key_F3);
+        } else if (action == QLatin1String("Buscar")) {
+            ui.onModal(cancel);
+            QCOMPARE(host.lookup->Buscar(), 0);
+        } else if (action == QLatin1String("Enter")) {
+            QTest::keyClick(host.code(), Qt::Key_Return);
+        } else {
+            QWidget other;
+            QVERIFY(Testing::showActive(other));
+            QVERIFY(Testing::showActive(host.window));
+        }
+        Testing::settle();
+        QCOMPARE(host.lookup->Text(), box);
+        QCOMPARE(host.lookup->Nombre(), label);
+        QCOMPARE(ui.messages.size(), messages);
+        QVERIFY(db.statements.isEmpty()); // no lookup ran
+        host.after->setFocus();
+        QCOMPARE(host.lookup->Text(), boxLeft);
+        QCOMPARE(ui.messages.size(), messages);
+    }
+
+    void codesSetByTheProgramAreNotCut()
+    {
+        Host host(false);
+        QCOMPARE(host.lookup->MaxLength(), qint16(5));
+        host.lookup->setCodigo(123456);
+        QCOMPARE(host.lookup->Codigo(), 123456);
+        host.lookup->setText(QStringLiteral("ABCDEFGH"));
+        QCOMPARE(host.lookup->Text(), QStringLiteral("ABCDEFGH"));
+        host.lookup->setText(QString());
+        QTest::keyClicks(host.code(), QStringLiteral("1234567")); // typing stops at the limit
+        QCOMPARE(host.lookup->Text(), QStringLiteral("12345"));
+    }
+
     void onlyDigitsAreTyped_data()
     {
         QTest::addColumn<bool>("customer");

@@ -148,6 +148,11 @@ private slots:
         QTest::newRow("dashes") << "5-6-2020" << "05/06/2020";
         QTest::newRow("points") << "5.6.2020" << "05/06/2020";
         QTest::newRow("day and month") << "3/4" << "03/04/" + year;
+        QTest::newRow("day and month, year left blank") << "15/03/    " << "15/03/" + year;
+        QTest::newRow("year first") << "2026-11-01" << "01/11/2026";
+        QTest::newRow("with a time") << "01/11/2026 10:30:00" << "01/11/2026";
+        QTest::newRow("year first with a time") << "2026-11-01T10:30" << "01/11/2026";
+        QTest::newRow("no such time") << "01/11/2026 25:00" << "";
         QTest::newRow("no such day") << "31/02/2008" << "";
         QTest::newRow("month 13") << "1/13/2008" << "";
         QTest::newRow("text") << "HOY" << "";

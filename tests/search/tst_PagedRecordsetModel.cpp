@@ -18,7 +18,7 @@ private:
     {
         rs.open(QStringLiteral("SELECT Codigo FROM Marcas WHERE Codigo >= 100 AND Codigo < %1 ORDER BY Codigo").arg(100 + rows),
                 db->conexion());
-        model.setSource(&rs, [](const Recordset &r) { return r.text(QStringLiteral("Codigo")) + QStringLiteral("\tx"); });
+        model.setSource(&rs, [](const Recordset &r) { return QStringList{r.text(QStringLiteral("Codigo")), QStringLiteral("x")}; });
     }
 
 private slots:
@@ -75,10 +75,10 @@ private slots:
         QCOMPARE(model.cell(15, 0), QStringLiteral("115"));
     }
 
-    void rowsAreSplitOnTabs()
+    void cellsAndAlignment()
     {
         PagedRecordsetModel model(3, 14);
-        model.addItem(QStringLiteral("12\tNOMBRE / COMERCIAL\tB123"));
+        model.addItem({QStringLiteral("12"), QStringLiteral("NOMBRE / COMERCIAL"), QStringLiteral("B123")});
         QCOMPARE(model.cell(0, 1), QStringLiteral("NOMBRE / COMERCIAL"));
         QCOMPARE(model.cell(0, 2), QStringLiteral("B123"));
         QCOMPARE(model.cell(1, 0), QString());

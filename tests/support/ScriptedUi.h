@@ -1,5 +1,6 @@
 // A UI seam for tests: records every message box and modal show, and answers them from a
-// script instead of waiting on a modal loop.
+// script instead of waiting on a modal loop. Each box or dialog is really shown and made the
+// active window while it is up, so the focus leaves the window below as with a real modal show.
 #pragma once
 
 #include "platform/UiSeam.h"
