@@ -7,8 +7,6 @@
 #include "support/TestDatabase.h"
 
 #include <QElapsedTimer>
-#include <QProcess>
-#include <QSet>
 #include <QTcpServer>
 #include <QTest>
 #include <memory>
@@ -129,30 +127,6 @@ private slots:
         QCOMPARE(db.scalar(QStringLiteral("SELECT COUNT(*) FROM Articulos")).toInt(), 8);
     }
 
-    void twoProcessesNeverShareANumber()
-    {
-        Testing::TestDatabase db;
-        db.conexion()->execute(QStringLiteral("INSERT INTO Contador_CBarras (Cod_Empresa, Cod_Barras) VALUES (1, '9810000')"));
-        QList<QProcess *> workers;
-        for (int i = 0; i < 2; ++i) {
-            auto *p = new QProcess(this);
-            p->start(QStringLiteral(KD_COUNTER_WORKER), {db.path(), QStringLiteral("150")});
-            workers << p;
-        }
-        QSet<QString> numbers;
-        for (QProcess *p : workers) {
-            QVERIFY(p->waitForFinished(120000));
-            QCOMPARE(p->exitCode(), 0);
-            for (const QByteArray &line : p->readAllStandardOutput().split('\n'))
-                if (!line.isEmpty()) {
-                    QVERIFY2(!numbers.contains(QString::fromLatin1(line)), line.constData());
-                    numbers.insert(QString::fromLatin1(line));
-                }
-        }
-        QCOMPARE(numbers.size(), 300);
-        QCOMPARE(db.scalar(QStringLiteral("SELECT Cod_Barras FROM Contador_CBarras WHERE Cod_Empresa=1")).toString(), QStringLiteral("9810300"));
-    }
-
     void transactionsCommitAndRollBack()
     {
         Testing::TestDatabase db;
@@ -245,7 +219,7 @@ private slots:
         QFETCH(QString, user);
         QFETCH(QString, password);
         QFETCH(QString, refusal);
-        Testing::TdsStandIn server(Testing::TdsStandIn::RefuseLogins);
+        Testing::TdsStandIn server(false);
         QUrl url;
         url.setScheme(QStringLiteral("mssql"));
         url.setHost(QStringLiteral("127.0.0.1"));
@@ -272,7 +246,7 @@ private slots:
 
     void sessionReadsDatesDayFirst()
     {
-        Testing::TdsStandIn server(Testing::TdsStandIn::AcceptLogins);
+        Testing::TdsStandIn server(true);
         std::unique_ptr<Conexion> c(Conexion::open(QStringLiteral("mssql://sa:x@127.0.0.1:%1/Empresa").arg(server.port())));
         QCOMPARE(c->sessionStatements(), QStringList{"SET DATEFORMAT dmy"});
         // Sent as a batch of its own (not through a server cursor), so the setting outlives it.

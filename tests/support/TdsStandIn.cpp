@@ -8,83 +8,34 @@ namespace Varnel_Controles::Testing {
 
 namespace {
 
-enum : quint8 { SqlBatch = 0x01, Reply = 0x04, Login7 = 0x10, PreLogin = 0x12 };
+// Pre-login answer: version 15.0, encryption not supported.
+const QByteArray kPreLogin("\x00\x00\x0B\x00\x06\x01\x00\x11\x00\x01\xFF\x0F\x00\x10\x00\x00\x00\x02", 18);
+// LOGINACK for T-SQL over TDS 7.4 from a program named "X".
+const QByteArray kLoginAck("\xAD\x0C\x00\x01\x74\x00\x00\x04\x01X\x00\x0F\x00\x00\x00", 15);
+const QByteArray kDone = QByteArray(1, '\xFD') + QByteArray(12, '\0');
 
-QByteArray packet(const QByteArray &payload)
+QByteArray reply(const QByteArray &payload)
 {
-    QByteArray header(8, '\0');
-    header[0] = char(Reply);
-    header[1] = 0x01; // end of message
+    QByteArray header("\x04\x01\x00\x00\x00\x00\x01\x00", 8); // tabular result, end of message
     qToBigEndian<quint16>(quint16(payload.size() + 8), header.data() + 2);
-    header[6] = 1;
     return header + payload;
 }
 
-// Version 15.0, and encryption not supported: the driver goes on in plain text.
-QByteArray preLoginReply()
+QString utf16(const QByteArray &bytes)
 {
-    const QByteArray version("\x0F\x00\x10\x00\x00\x00", 6);
-    QByteArray head;
-    const auto option = [&head](quint8 token, quint16 offset, quint16 length) {
-        char bytes[5] = {char(token)};
-        qToBigEndian(offset, bytes + 1);
-        qToBigEndian(length, bytes + 3);
-        head.append(bytes, 5);
-    };
-    option(0x00, 11, 6);
-    option(0x01, 17, 1);
-    return packet(head + '\xFF' + version + '\x02');
+    return QString::fromUtf16(reinterpret_cast<const char16_t *>(bytes.constData()), bytes.size() / 2);
 }
 
-QByteArray done()
+// A UTF-16 field of the login packet, by the place of its offset and length.
+QByteArray loginField(const QByteArray &login, int at)
 {
-    QByteArray token(13, '\0');
-    token[0] = char(0xFD);
-    return token;
-}
-
-QByteArray loginAck()
-{
-    const QString name = QStringLiteral("Stand-in");
-    QByteArray body;
-    body += char(1);                            // T-SQL
-    body += QByteArray("\x74\x00\x00\x04", 4);  // TDS 7.4
-    body += char(name.size());
-    body += QByteArray(reinterpret_cast<const char *>(name.utf16()), name.size() * 2);
-    body += QByteArray("\x0F\x00\x00\x00", 4);
-    QByteArray token(3, '\0');
-    token[0] = char(0xAD);
-    qToLittleEndian<quint16>(quint16(body.size()), token.data() + 1);
-    return token + body;
-}
-
-// A UTF-16 field of the login packet, by the position of its offset and length pair.
-QString loginField(const QByteArray &login, int at)
-{
-    const int offset = qFromLittleEndian<quint16>(login.constData() + at);
-    const int chars = qFromLittleEndian<quint16>(login.constData() + at + 2);
-    if (offset + chars * 2 > login.size())
-        return QString();
-    return QString::fromUtf16(reinterpret_cast<const char16_t *>(login.constData() + offset), chars);
-}
-
-// The login hides the password by swapping the nibbles of each byte and XOR-ing it with 0xA5.
-QString loginPassword(const QByteArray &login)
-{
-    const int offset = qFromLittleEndian<quint16>(login.constData() + 44);
-    const int chars = qFromLittleEndian<quint16>(login.constData() + 46);
-    QByteArray bytes = login.mid(offset, chars * 2);
-    for (char &b : bytes) {
-        const quint8 x = quint8(b) ^ 0xA5;
-        b = char(quint8((x << 4) | (x >> 4)));
-    }
-    return QString::fromUtf16(reinterpret_cast<const char16_t *>(bytes.constData()), chars);
+    return login.mid(qFromLittleEndian<quint16>(login.constData() + at), 2 * qFromLittleEndian<quint16>(login.constData() + at + 2));
 }
 
 } // namespace
 
-TdsStandIn::TdsStandIn(Mode mode)
-    : m_mode(mode)
+TdsStandIn::TdsStandIn(bool acceptLogins)
+    : m_acceptLogins(acceptLogins)
 {
     start();
     m_listening.acquire();
@@ -115,67 +66,52 @@ void TdsStandIn::run()
     m_port = server.serverPort();
     m_listening.release();
     while (!m_stop) {
-        if (!server.waitForNewConnection(50))
-            continue;
-        QTcpSocket *socket = server.nextPendingConnection();
-        serve(*socket);
-        socket->close();
-        delete socket;
-    }
-}
-
-bool TdsStandIn::readMessage(QTcpSocket &socket, quint8 &type, QByteArray &payload)
-{
-    const auto readExactly = [&](qint64 n, QByteArray &out) {
-        out.clear();
-        while (out.size() < n) {
-            if (socket.bytesAvailable() == 0 && !socket.waitForReadyRead(50)) {
-                if (m_stop || socket.state() != QAbstractSocket::ConnectedState)
-                    return false;
-                continue;
-            }
-            out += socket.read(n - out.size());
+        if (server.waitForNewConnection(50)) {
+            QTcpSocket *socket = server.nextPendingConnection();
+            serve(*socket);
+            delete socket;
         }
-        return true;
-    };
-    payload.clear();
-    for (;;) {
-        QByteArray header, body;
-        if (!readExactly(8, header))
-            return false;
-        type = quint8(header[0]);
-        if (!readExactly(qFromBigEndian<quint16>(header.constData() + 2) - 8, body))
-            return false;
-        payload += body;
-        if (header[1] & 0x01)
-            return true;
     }
 }
 
 void TdsStandIn::serve(QTcpSocket &socket)
 {
-    quint8 type = 0;
-    QByteArray payload;
-    while (readMessage(socket, type, payload)) {
-        if (type == PreLogin) {
-            socket.write(preLoginReply());
-        } else if (type == Login7 && payload.size() >= 72) {
-            {
-                QMutexLocker lock(&m_mutex);
-                m_logins << Login{loginField(payload, 40), loginPassword(payload), loginField(payload, 68)};
-            }
-            if (m_mode == RefuseLogins)
-                return;
-            socket.write(packet(loginAck() + done()));
-        } else {
-            if (type == SqlBatch && payload.size() >= 4) {
-                const int headers = int(qFromLittleEndian<quint32>(payload.constData()));
-                const QByteArray text = payload.mid(headers);
-                QMutexLocker lock(&m_mutex);
-                m_batches << QString::fromUtf16(reinterpret_cast<const char16_t *>(text.constData()), text.size() / 2);
-            }
-            socket.write(packet(done()));
+    const auto read = [&](qint64 n, QByteArray &out) {
+        out.clear();
+        while (out.size() < n) {
+            if (!socket.bytesAvailable() && !socket.waitForReadyRead(50)
+                && (m_stop || socket.state() != QAbstractSocket::ConnectedState))
+                return false;
+            out += socket.read(n - out.size());
         }
+        return true;
+    };
+    for (;;) {
+        // A message: packets of an 8-byte header (type, status, big-endian length) and data.
+        QByteArray message, header, data;
+        do {
+            if (!read(8, header) || !read(qFromBigEndian<quint16>(header.constData() + 2) - 8, data))
+                return;
+            message += data;
+        } while (!(header[1] & 0x01));
+        QByteArray answer = kDone;
+        if (header[0] == 0x12) {
+            answer = kPreLogin;
+        } else if (header[0] == 0x10) {
+            // The password's bytes have their nibbles swapped and are XOR-ed with 0xA5.
+            QByteArray password = loginField(message, 44);
+            for (char &b : password)
+                b = char(quint8(((quint8(b) ^ 0xA5) << 4) | ((quint8(b) ^ 0xA5) >> 4)));
+            QMutexLocker lock(&m_mutex);
+            m_logins << Login{utf16(loginField(message, 40)), utf16(password), utf16(loginField(message, 68))};
+            if (!m_acceptLogins)
+                return;
+            answer = kLoginAck + kDone;
+        } else if (header[0] == 0x01) {
+            QMutexLocker lock(&m_mutex); // the text follows the headers block, which gives its length first
+            m_batches << utf16(message.mid(qFromLittleEndian<quint32>(message.constData())));
+        }
+        socket.write(reply(answer));
         socket.waitForBytesWritten(1000);
     }
 }
