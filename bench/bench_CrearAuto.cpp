@@ -1,5 +1,6 @@
 // Automatic barcodes per second: one process issuing codes alone, and four processes issuing
-// them at once against the same database (each code taken under the counter's lock, then stored).
+// them at once against the same database (each code taken under the counter's lock and stored
+// in the same transaction).
 #include "BenchUtil.h"
 #include "DemoData.h"
 

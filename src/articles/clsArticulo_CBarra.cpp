@@ -17,9 +17,27 @@ const char *const kInsertar = "clsCodigos_Barra::Insertar";
 const char *const kModificar = "clsCodigos_Barra::Modificar";
 const char *const kDevCheck = "clsCodigos_Barra::Dev_Check";
 const char *const kCalcCheck = "clsCodigos_Barra::Calc_Check";
+const char *const kCrearAuto = "clsCodigos_Barra::CrearAuto";
+constexpr qint32 kDesbordamiento = 6; // the legacy runtime's overflow
 
 QString n(qint64 value) { return QString::number(value); }
 QString t(const QString &text) { return SqlText::texto(text); }
+
+// The counter's number as stored: decimal digits, blanks around them allowed, no larger than
+// the largest number an automatic code can carry. Anything else stops the numbering.
+quint64 numeroContador(const QString &stored, const QString &company)
+{
+    const QString text = stored.trimmed();
+    bool digits = !text.isEmpty() && text.size() <= 19;
+    for (QChar ch : text)
+        digits = digits && ch >= u'0' && ch <= u'9';
+    if (!digits)
+        throw DbError(kDesbordamiento,
+                      QStringLiteral("El contador de códigos de barras automáticos de la empresa %1 guarda «%2», "
+                                     "que no es un número entero de hasta 19 cifras.").arg(company, stored),
+                      QString::fromLatin1(kCrearAuto));
+    return text.toULongLong();
+}
 } // namespace
 
 clsArticulo_CBarra::clsArticulo_CBarra(QObject *parent)
@@ -264,28 +282,43 @@ QString clsArticulo_CBarra::CrearAuto()
 {
     const QString e = n(m_context.empresa());
     Conexion *c = m_context.conexion();
-    {
-        Recordset own;
-        own.open(QStringLiteral("SELECT * FROM Articulos_CBarras WHERE Cod_Empresa=%1 AND Cod_Articulo=%2 AND Automatico=1").arg(e, n(m_codArticulo)), c);
-        if (!own.eof())
-            return own.text(QStringLiteral("Cod_Barras"));
-    }
+    // The counter is locked first and the article's own code looked up under that lock, so a
+    // workstation asking for the same article waits, then finds the code the first one took
+    // (which the caller stores in the same transaction, as the article's save does).
     Recordset counter;
     counter.openLocked(QStringLiteral("SELECT * FROM Contador_CBarras WHERE Cod_Empresa=%1").arg(e), c,
                        QStringLiteral("Contador_CBarras"), {QStringLiteral("Cod_Empresa")});
+    {
+        Recordset own;
+        own.open(QStringLiteral("SELECT * FROM Articulos_CBarras WHERE Cod_Empresa=%1 AND Cod_Articulo=%2 AND Automatico=1").arg(e, n(m_codArticulo)), c);
+        if (!own.eof()) {
+            const QString code = own.text(QStringLiteral("Cod_Barras"));
+            own.close();
+            counter.close();
+            return code;
+        }
+    }
     QString number;
     if (counter.eof()) {
         number = QStringLiteral("9810001");
         counter.addNew({QStringLiteral("Cod_Empresa"), QStringLiteral("Cod_Barras")}, {QVariant(m_context.empresa()), number});
     } else {
-        qint64 value = qint64(Legacy::Val(counter.text(QStringLiteral("Cod_Barras")))) + 1;
+        // With its check digit a number of 19 digits fills the 20 characters of a barcode.
+        constexpr quint64 kMayor = 9999999999999999999ULL;
+        quint64 value = numeroContador(counter.text(QStringLiteral("Cod_Barras")), e);
         qint32 article = 0;
         QString name;
         qint16 units = 0;
         bool principal = false;
         // Numbers already given to articles by hand are skipped.
-        while (Existe(QString::number(value) + QString::number(Dev_Check(QString::number(value))), article, name, units, principal))
+        do {
+            if (value == kMayor)
+                throw DbError(kDesbordamiento,
+                              QStringLiteral("El contador de códigos de barras automáticos de la empresa %1 ha llegado a %2: "
+                                             "un código más no cabe en los 20 caracteres de un código de barras.").arg(e, QString::number(value)),
+                              QString::fromLatin1(kCrearAuto));
             ++value;
+        } while (Existe(QString::number(value) + QString::number(Dev_Check(QString::number(value))), article, name, units, principal));
         number = QString::number(value);
         counter.setField(QStringLiteral("Cod_Barras"), number);
         counter.update();

@@ -85,7 +85,10 @@ public:
     /// 7-character code of the table), row by row; stops at the first failure.
     void Calc_Check(const QString &strArtI, const QString &strArtF);
     /// The article's automatic EAN-8 code: the one it has, or the next free number of the
-    /// company's counter (taken under a lock that holds across workstations) with its digit.
+    /// company's counter with its digit. Both are read under the counter's lock, which lasts
+    /// to the end of the caller's transaction: store the code in it, and two workstations
+    /// never give one article two codes. A counter that is not a whole number of up to 19
+    /// digits, or cannot grow, raises DbError 6 with source "clsCodigos_Barra::CrearAuto".
     QString CrearAuto();
 
 private:

@@ -15,8 +15,11 @@
 namespace Varnel_Controles {
 
 // ---------------------------------------------------------------------------------------------
-// Collation weights: a primary weight (the letter without case or accent, Ñ right after N) and
-// a secondary one (the accent). Texts compare on primaries first, then on secondaries.
+// Collation weights, as the server's Windows collation sorts: a primary weight (the letter
+// without case or accent, Ñ right after N; blanks, punctuation and symbols before digits,
+// digits before letters) and a secondary one (the accent). Hyphens and apostrophes are left
+// out of both ("AB-C" sorts between "ABB" and "ABD") and only break ties. Texts compare on
+// primaries first, then on secondaries, then on where their hyphens and apostrophes stand.
 namespace {
 
 struct Weight
@@ -28,19 +31,45 @@ struct Weight
 
 constexpr char32_t kTableSize = 0x250;
 
+// Control characters first, then blanks, punctuation and symbols, then digits, then letters
+// and everything else; within a group by code point (21 bits), one step kept for Ñ.
+quint32 primaryOf(char32_t base)
+{
+    quint32 group = 3;
+    switch (QChar::category(base)) {
+    case QChar::Other_Control:
+        group = 0;
+        break;
+    case QChar::Separator_Space: case QChar::Punctuation_Connector: case QChar::Punctuation_Dash:
+    case QChar::Punctuation_Open: case QChar::Punctuation_Close: case QChar::Punctuation_InitialQuote:
+    case QChar::Punctuation_FinalQuote: case QChar::Punctuation_Other: case QChar::Symbol_Math:
+    case QChar::Symbol_Currency: case QChar::Symbol_Modifier: case QChar::Symbol_Other:
+        group = 1;
+        break;
+    case QChar::Number_DecimalDigit: case QChar::Number_Letter: case QChar::Number_Other:
+        group = 2;
+        break;
+    default:
+        break;
+    }
+    return (group << 22) | (quint32(base) << 1);
+}
+
+inline bool ignorable(char32_t c) { return c == U'-' || c == U'\''; }
+
 const std::array<Weight, kTableSize> &weightTable()
 {
     static const std::array<Weight, kTableSize> table = [] {
         std::array<Weight, kTableSize> t{};
         for (char32_t c = 0; c < kTableSize; ++c) {
             const char32_t upper = QChar::toUpper(c);
-            Weight w{quint32(upper) * 2, 0};
+            Weight w{primaryOf(upper), 0};
             if (upper == U'Ñ') {
-                w = {quint32(U'N') * 2 + 1, 0};
+                w = {primaryOf(U'N') + 1, 0};
             } else if (QChar::decompositionTag(upper) == QChar::Canonical) {
                 const QString d = QChar::decomposition(upper);
                 if (d.size() >= 2 && d.at(0).unicode() < 0x80)
-                    w = {quint32(d.at(0).unicode()) * 2, d.at(1).unicode()};
+                    w = {primaryOf(d.at(0).unicode()), d.at(1).unicode()};
             }
             t[c] = w;
         }
@@ -53,7 +82,7 @@ inline Weight weightOf(char32_t c)
 {
     if (c < kTableSize)
         return weightTable()[c];
-    return {quint32(QChar::toUpper(c)) * 2, 0};
+    return {primaryOf(QChar::toUpper(c)), 0};
 }
 
 // UTF-8 decoding into a reusable buffer.
@@ -80,20 +109,35 @@ int compareSeq(const Seq &a, size_t na, const Seq &b, size_t nb)
 {
     while (na > 0 && a[na - 1] == U' ') --na;
     while (nb > 0 && b[nb - 1] == U' ') --nb;
-    const size_t n = std::min(na, nb);
-    for (size_t i = 0; i < n; ++i) {
-        const quint32 pa = weightOf(a[i]).primary, pb = weightOf(b[i]).primary;
-        if (pa != pb)
-            return pa < pb ? -1 : 1;
+    // Primaries, then secondaries, of the characters that are not hyphens or apostrophes.
+    for (const bool primary : {true, false}) {
+        size_t i = 0, j = 0;
+        for (;; ++i, ++j) {
+            while (i < na && ignorable(a[i])) ++i;
+            while (j < nb && ignorable(b[j])) ++j;
+            if (i == na || j == nb)
+                break;
+            const Weight wa = weightOf(a[i]), wb = weightOf(b[j]);
+            const quint32 x = primary ? wa.primary : wa.secondary, y = primary ? wb.primary : wb.secondary;
+            if (x != y)
+                return x < y ? -1 : 1;
+        }
+        if (i < na || j < nb)
+            return i < na ? 1 : -1;
     }
-    if (na != nb)
-        return na < nb ? -1 : 1;
-    for (size_t i = 0; i < n; ++i) {
-        const quint16 sa = weightOf(a[i]).secondary, sb = weightOf(b[i]).secondary;
-        if (sa != sb)
-            return sa < sb ? -1 : 1;
+    // The hyphens and apostrophes: a text without them first, then by how many characters
+    // stand before each, then by the character.
+    size_t i = 0, j = 0, beforeA = 0, beforeB = 0;
+    for (;; ++i, ++j) {
+        for (; i < na && !ignorable(a[i]); ++i) ++beforeA;
+        for (; j < nb && !ignorable(b[j]); ++j) ++beforeB;
+        if (i == na || j == nb)
+            return i < na ? 1 : j < nb ? -1 : 0;
+        if (beforeA != beforeB)
+            return beforeA < beforeB ? -1 : 1;
+        if (a[i] != b[j])
+            return a[i] < b[j] ? -1 : 1;
     }
-    return 0;
 }
 
 inline bool weightLess(char32_t a, char32_t b)

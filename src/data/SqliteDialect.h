@@ -7,8 +7,9 @@
 // that it still seeks an index; dates written as dd/mm/yyyy (also with a leading blank) or by
 // FechaSQL become ISO dates where they meet a date column.
 // Registered: the collation MODERN_SPANISH_CI_AS (case-insensitive, accent-sensitive, Ñ after
-// N, trailing blanks ignored) used by every text column, LIKE with SQL Server's wildcards under
-// the same rules, LEN (trailing blanks not counted) and TSQL_VARCHAR.
+// N, trailing blanks ignored, punctuation before digits and letters, hyphens and apostrophes
+// only breaking ties) used by every text column, LIKE with SQL Server's wildcards under the
+// same rules, LEN (trailing blanks not counted) and TSQL_VARCHAR.
 #pragma once
 
 #include <QString>

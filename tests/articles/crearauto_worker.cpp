@@ -1,5 +1,6 @@
 // Issues automatic barcodes for consecutive articles of company 1 from its own connection,
-// storing each as the article's automatic barcode, and prints them.
+// storing each new one as the article's automatic barcode in the same transaction (as the
+// article's save does), and prints them.
 // Usage: kd_crearauto_worker DATABASE COUNT FIRST_ARTICLE
 #include "articles/clsArticulo_CBarra.h"
 #include "data/Conexion.h"
@@ -31,12 +32,20 @@ int main(int argc, char **argv)
         const int first = QByteArray(argv[3]).toInt();
         for (int i = 0; i < count; ++i) {
             barcode.setCod_Articulo(first + i);
+            c->beginTrans();
             const QString code = barcode.CrearAuto();
-            barcode.setCod_Barras(code);
-            barcode.setPrincipal(false);
-            barcode.setAutomatico(true);
-            barcode.setUnidades(1);
-            barcode.Insertar();
+            qint32 article = 0;
+            QString name;
+            qint16 units = 0;
+            bool principal = false;
+            if (!barcode.Existe(code, article, name, units, principal)) {
+                barcode.setCod_Barras(code);
+                barcode.setPrincipal(false);
+                barcode.setAutomatico(true);
+                barcode.setUnidades(1);
+                barcode.Insertar();
+            }
+            c->commitTrans();
             out << code << "\n";
         }
         out.flush();

@@ -371,8 +371,9 @@ private slots:
         f.cb.setCod_Articulo(5);
         QCOMPARE(f.cb.CrearAuto(), QStringLiteral("98100019"));
         QCOMPARE(f.db.rows(QStringLiteral("SELECT Cod_Barras FROM Contador_CBarras WHERE Cod_Empresa = 1")), QStringList{"9810001"});
-        QCOMPARE(f.db.statements, (QStringList{"SELECT * FROM Articulos_CBarras WHERE Cod_Empresa=1 AND Cod_Articulo=5 AND Automatico=1",
-                                               "SELECT * FROM Contador_CBarras WHERE Cod_Empresa=1",
+        // The article's own code is looked up under the counter's lock.
+        QCOMPARE(f.db.statements, (QStringList{"SELECT * FROM Contador_CBarras WHERE Cod_Empresa=1",
+                                               "SELECT * FROM Articulos_CBarras WHERE Cod_Empresa=1 AND Cod_Articulo=5 AND Automatico=1",
                                                "INSERT INTO Contador_CBarras (Cod_Empresa, Cod_Barras) VALUES (1, '9810001')"}));
 
         // 98100026 was given by hand: skipped.
@@ -399,27 +400,68 @@ private slots:
         QCOMPARE(f.cb.CrearAuto(), QStringLiteral("100000007"));
     }
 
+    void counterOutOfRangeIsAnError_data()
+    {
+        QTest::addColumn<QString>("stored");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("hexadecimal beyond 64 bits") << "&HFFFFFFFFFFFFFFFFFFF" << "guarda «&HFFFFFFFFFFFFFFFFFFF»";
+        QTest::newRow("beyond a double's integers") << "1e300" << "guarda «1e300»";
+        QTest::newRow("twenty digits") << "99999999999999999999" << "no es un número entero de hasta 19 cifras";
+        QTest::newRow("negative") << "-5" << "guarda «-5»";
+        QTest::newRow("the largest number") << "9999999999999999999" << "ha llegado a 9999999999999999999";
+    }
+    void counterOutOfRangeIsAnError()
+    {
+        QFETCH(QString, stored);
+        QFETCH(QString, message);
+        Fixture f;
+        f.db.conexion()->execute(QStringLiteral("INSERT INTO Contador_CBarras (Cod_Empresa, Cod_Barras) VALUES (1, '%1')").arg(stored));
+        f.cb.setCod_Articulo(5);
+        try {
+            f.cb.CrearAuto();
+            QFAIL("a code was issued");
+        } catch (const DbError &e) {
+            QVERIFY2(e.Description().contains(message), qPrintable(e.Description()));
+            QCOMPARE(e.Number(), 6);
+            QCOMPARE(e.Source(), QStringLiteral("clsCodigos_Barra::CrearAuto"));
+        }
+        QCOMPARE(f.db.scalar(QStringLiteral("SELECT Cod_Barras FROM Contador_CBarras")).toString(), stored);
+        QVERIFY(!f.db.conexion()->inTransaction());
+    }
+
+    // Four processes on one file, each storing the code in the transaction that issued it.
+    void fourProcessesNeverShareACode_data()
+    {
+        QTest::addColumn<int>("articleStep"); // between the first articles of two processes
+        QTest::addColumn<int>("codes");
+        QTest::newRow("different articles") << 1000 << 1000;
+        QTest::newRow("the same articles") << 0 << 250;
+    }
     void fourProcessesNeverShareACode()
     {
+        QFETCH(int, articleStep);
+        QFETCH(int, codes);
         Testing::TestDatabase db;
         QList<QProcess *> workers;
         for (int w = 0; w < 4; ++w) {
             auto *p = new QProcess(this);
-            p->start(QStringLiteral(KD_CREARAUTO_WORKER), {db.path(), QStringLiteral("250"), QString::number(10000 + w * 1000)});
+            p->start(QStringLiteral(KD_CREARAUTO_WORKER), {db.path(), QStringLiteral("250"), QString::number(10000 + w * articleStep)});
             workers << p;
         }
-        QSet<QString> codes;
+        QSet<QString> issued;
         for (QProcess *p : workers) {
             QVERIFY(p->waitForFinished(300000));
             QVERIFY2(p->exitCode() == 0, p->readAllStandardError().constData());
             for (const QByteArray &line : p->readAllStandardOutput().split('\n'))
                 if (!line.isEmpty())
-                    codes.insert(QString::fromLatin1(line));
+                    issued.insert(QString::fromLatin1(line));
         }
-        QCOMPARE(codes.size(), 1000);
-        QCOMPARE(db.scalar(QStringLiteral("SELECT Cod_Barras FROM Contador_CBarras WHERE Cod_Empresa = 1")).toString(), QStringLiteral("9811000"));
-        QCOMPARE(db.scalar(QStringLiteral("SELECT COUNT(DISTINCT Cod_Barras) FROM Articulos_CBarras WHERE Automatico = 1")).toInt(), 1000);
-        for (const QString &code : std::as_const(codes)) {
+        QCOMPARE(issued.size(), codes);
+        QCOMPARE(db.scalar(QStringLiteral("SELECT Cod_Barras FROM Contador_CBarras WHERE Cod_Empresa = 1")).toString(),
+                 QString::number(9810000 + codes));
+        QCOMPARE(db.scalar(QStringLiteral("SELECT COUNT(*) FROM Articulos_CBarras WHERE Automatico = 1")).toInt(), codes);
+        QCOMPARE(db.scalar(QStringLiteral("SELECT COUNT(DISTINCT Cod_Articulo) FROM Articulos_CBarras WHERE Automatico = 1")).toInt(), codes);
+        for (const QString &code : std::as_const(issued)) {
             clsArticulo_CBarra check;
             check.setCod_Barras(code);
             QVERIFY2(check.Validar() && code.startsWith(QLatin1String("981")), qPrintable(code));

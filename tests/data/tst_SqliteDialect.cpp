@@ -28,6 +28,13 @@ QStringList run(Conexion *c, const QString &sql)
     return out;
 }
 
+// Brands whose names hold hyphens and underscores, codes from 100.
+void addBrands(Testing::TestDatabase &db)
+{
+    db.conexion()->execute(QStringLiteral("INSERT INTO Marcas (Codigo, Nombre) VALUES (100, 'ABD'), (101, 'ABXC'), (102, 'AB-C'), "
+                                          "(103, 'ABB'), (104, 'AB_C'), (105, 'ABC'), (106, 'AB-C-2'), (107, '-OFERTA-')"));
+}
+
 } // namespace
 
 class tst_SqliteDialect : public QObject
@@ -103,6 +110,18 @@ private slots:
         QTest::newRow("accent is secondary") << "ÁB" << "AC" << -1;
         QTest::newRow("trailing blanks ignored") << "ACME  " << "acme" << 0;
         QTest::newRow("prefix first") << "AB" << "ABA" << -1;
+        // The server's Windows collation: hyphens and apostrophes weigh only after the letters.
+        QTest::newRow("ABB before AB-C") << "ABB" << "AB-C" << -1;
+        QTest::newRow("AB-C before ABD") << "AB-C" << "ABD" << -1;
+        QTest::newRow("O'BRIEN after OBRA") << "O'BRIEN" << "OBRA" << 1;
+        QTest::newRow("hyphen breaks the tie") << "ABC" << "AB-C" << -1;
+        QTest::newRow("apostrophe before hyphen") << "AB'C" << "AB-C" << -1;
+        QTest::newRow("hyphen case ignored") << "ab-c" << "AB-C" << 0;
+        QTest::newRow("accent before hyphen") << "AB-C" << "ÁBC" << -1;
+        QTest::newRow("underscore before letters") << "AB_C" << "ABXC" << -1;
+        QTest::newRow("underscore before digits") << "AB_C" << "AB0C" << -1;
+        QTest::newRow("other signs before digits") << "A@" << "A0" << -1;
+        QTest::newRow("digits before letters") << "A9" << "AA" << -1;
     }
     void collation()
     {
@@ -130,6 +149,9 @@ private slots:
         QTest::newRow("two wildcards") << "A-X-B" << "A%B%" << true;
         QTest::newRow("literal bracket") << "[X" << "[X" << true;
         QTest::newRow("no match") << "AB" << "ABC%" << false;
+        QTest::newRow("hyphen matches only itself") << "ABC" << "AB-%" << false;
+        QTest::newRow("hyphen in a prefix") << "AB-C" << "ab-%" << true;
+        QTest::newRow("letters class leaves signs out") << "_X" << "[A-Z]%" << false;
     }
     void likeMatching()
     {
@@ -228,6 +250,14 @@ private slots:
         QCOMPARE(FechaSQL::Leer(QStringLiteral("2026-02-01")), QDate(2026, 2, 1));
     }
 
+    void textsSortAsOnTheServer()
+    {
+        Testing::TestDatabase db;
+        addBrands(db);
+        QCOMPARE(run(db.conexion(), QStringLiteral("SELECT Nombre FROM Marcas WHERE Codigo >= 100 ORDER BY Nombre")),
+                 (QStringList{"AB_C", "ABB", "ABC", "AB-C", "AB-C-2", "ABD", "ABXC", "-OFERTA-"}));
+    }
+
     void prefixSearchSeeksTheIndex_data()
     {
         QTest::addColumn<QString>("tsql");
@@ -239,6 +269,12 @@ private slots:
         QTest::newRow("articles by description")
             << "SELECT a.Codigo, a.Descripcion FROM Articulos a WHERE a.Cod_Empresa =1 AND a.Descripcion LIKE 'ñan%' ORDER BY a.Descripcion"
             << "IX_Articulos_Descripcion" << QStringList{"2|ÑANDÚ DE PELUCHE"};
+        QTest::newRow("a hyphen in the prefix")
+            << "SELECT Codigo, Nombre FROM Marcas WHERE Nombre LIKE 'ab-%' ORDER BY Nombre"
+            << "IX_Marcas_Nombre" << QStringList{"102|AB-C", "106|AB-C-2"};
+        QTest::newRow("a hyphen first")
+            << "SELECT Codigo, Nombre FROM Marcas WHERE Nombre LIKE '-%' ORDER BY Nombre"
+            << "IX_Marcas_Nombre" << QStringList{"107|-OFERTA-"};
     }
     void prefixSearchSeeksTheIndex()
     {
@@ -246,6 +282,7 @@ private slots:
         QFETCH(QString, index);
         QFETCH(QStringList, rows);
         Testing::TestDatabase db;
+        addBrands(db);
         QCOMPARE(run(db.conexion(), tsql), rows);
         const QString plan = db.rows(QStringLiteral("EXPLAIN QUERY PLAN ") + db.conexion()->adapt(tsql)).join(u'\n');
         QVERIFY2(plan.contains(QStringLiteral("SEARCH")) && plan.contains(index), qPrintable(plan));
