@@ -240,14 +240,14 @@ bool clsArticulo_CBarra::Validar()
     return m_codBarras.right(1) == QString::number(Dev_Check(QString()));
 }
 
-void clsArticulo_CBarra::Calc_Check(const QString &strArtI, const QString &strArtF)
+void clsArticulo_CBarra::Calc_Check(qint32 strArtI, qint32 strArtF)
 {
     rethrowAs(kCalcCheck, [&] {
         Recordset rs;
         // Without parentheses: the 7-character codes of every company and article are selected too.
         rs.openKeyset(QStringLiteral("SELECT LTRIM(RTRIM(Cod_Barras)) AS Cod_Barras FROM Articulos_CBarras WHERE Cod_Empresa =%1 "
                                      "AND Cod_Articulo BETWEEN %2 AND %3 AND LEN(Cod_Barras) = 12 OR LEN(Cod_Barras) = 7")
-                          .arg(n(m_context.empresa()), strArtI, strArtF),
+                          .arg(n(m_context.empresa()), n(strArtI), n(strArtF)),
                       m_context.conexion(), QStringLiteral("Articulos_CBarras"),
                       {QStringLiteral("Cod_Empresa"), QStringLiteral("Cod_Articulo"), QStringLiteral("Cod_Barras")});
         while (!rs.eof()) {

@@ -82,8 +82,9 @@ public:
     /// Short (under 7) and alphanumeric codes pass; all-digit codes must end in their check digit.
     bool Validar();
     /// Appends check digits to the 12-character codes of the article range (and to every
-    /// 7-character code of the table), row by row; stops at the first failure.
-    void Calc_Check(const QString &strArtI, const QString &strArtF);
+    /// 7-character code of the table), row by row; stops at the first failure. The range
+    /// reaches the statement only as numbers.
+    void Calc_Check(qint32 strArtI, qint32 strArtF);
     /// The article's automatic EAN-8 code: the one it has, or the next free number of the
     /// company's counter (taken under a lock that holds across workstations) with its digit.
     QString CrearAuto();

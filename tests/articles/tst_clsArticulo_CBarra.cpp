@@ -9,6 +9,7 @@
 #include <QProcess>
 #include <QSet>
 #include <QTest>
+#include <type_traits>
 
 using namespace Varnel_Controles;
 
@@ -274,7 +275,7 @@ private slots:
         f.cb.setKey(5);
         f.cb.Modificar(QStringLiteral("555"));
         f.cb.Eliminar(QStringLiteral("555"), 5, true);
-        f.cb.Calc_Check(QStringLiteral("1"), QStringLiteral("10"));
+        f.cb.Calc_Check(1, 10);
         const QString hoy = FechaSQL::instance().Hoy();
         const QStringList expected{
             "SELECT * FROM Articulos_CBarras WHERE Cod_Articulo = 1 and Cod_Empresa = 1 ORDER BY Principal DESC",
@@ -332,7 +333,7 @@ private slots:
             case 7: f.cb.Cambia_Principal(QStringLiteral("1")); break;
             case 8: f.cb.Modificar(QStringLiteral("1")); break;
             case 9: f.cb.ModificarPrincipal(); break;
-            case 10: f.cb.Calc_Check(QStringLiteral("1"), QStringLiteral("2")); break;
+            case 10: f.cb.Calc_Check(1, 2); break;
             }
             QFAIL("no error");
         } catch (const DbError &e) {
@@ -351,17 +352,30 @@ private slots:
         QCOMPARE(f.principals(1), 0);
     }
 
+    // The range reaches SQL only as numbers.
+    void checkDigitRangeIsNumeric()
+    {
+        static_assert(!std::is_invocable_v<decltype(&clsArticulo_CBarra::Calc_Check), clsArticulo_CBarra &, QString, QString>,
+                      "a text range would be pasted into the statement");
+        Fixture f;
+        const QString before = f.db.fingerprint();
+        f.cb.Calc_Check(-5, 0);
+        QCOMPARE(f.db.statements, QStringList{"SELECT LTRIM(RTRIM(Cod_Barras)) AS Cod_Barras FROM Articulos_CBarras WHERE Cod_Empresa =1 "
+                                              "AND Cod_Articulo BETWEEN -5 AND 0 AND LEN(Cod_Barras) = 12 OR LEN(Cod_Barras) = 7"});
+        QCOMPARE(f.db.fingerprint(), before);
+    }
+
     void completingCheckDigits()
     {
         Fixture f;
         Conexion *c = f.db.conexion();
         c->execute(QStringLiteral("INSERT INTO Articulos_CBarras (Cod_Empresa, Cod_Articulo, Cod_Barras) VALUES "
                                   "(1, 5, '400638133393'), (1, 50, '841234567890'), (1, 3, '9810001 '), (2, 1, '9810002'), (1, 5, '12345')"));
-        f.cb.Calc_Check(QStringLiteral("1"), QStringLiteral("10"));
+        f.cb.Calc_Check(1, 10);
         QCOMPARE(f.db.rows(QStringLiteral("SELECT Cod_Empresa, Cod_Articulo, Cod_Barras FROM Articulos_CBarras WHERE LEN(Cod_Barras) <> 13 OR Cod_Articulo IN (5, 50) ORDER BY 1, 2, 3")),
                  (QStringList{"1|1|18412345678902", "1|1|84123457", "1|3|98100019", "1|4|98765432", "1|5|12345",
                               "1|5|4006381333931", "1|50|841234567890", "2|1|98100026"}));
-        f.cb.Calc_Check(QStringLiteral("1"), QStringLiteral("10")); // completed codes are not selected again
+        f.cb.Calc_Check(1, 10); // completed codes are not selected again
         QCOMPARE(f.db.scalar(QStringLiteral("SELECT COUNT(*) FROM Articulos_CBarras WHERE LEN(Cod_Barras) IN (9, 14) AND Cod_Articulo <> 1")).toInt(), 0);
     }
 
