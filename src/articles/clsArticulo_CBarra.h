@@ -66,15 +66,19 @@ public:
     bool Existe(const QString &cbarra, qint32 &Cod_Art, QString &Nombre, qint16 &unid, bool &princ);
 
     /// Writes the fields as a new row dated today; a principal one first demotes the article's.
+    /// Both writes or neither (nested in the caller's transaction when one is open).
     void Insertar();
-    /// Makes `cb` the article's principal (the article has none if `cb` is not one of its codes).
+    /// Makes `cb` the article's principal (the article has none if `cb` is not one of its codes);
+    /// both writes or neither.
     void Cambia_Principal(const QString &cb);
     /// Rewrites the row of article Key whose code was `cbAnterior` (no other row is demoted).
     void Modificar(const QString &cbAnterior);
     /// Replaces the principal code of Cod_Articulo by Cod_Barras, first asking (No by default)
     /// whether to move it from another article that has it; inserts a row when there was none.
+    /// The writes after the question succeed or fail together.
     void ModificarPrincipal();
     /// Deletes a barcode; deleting a principal first promotes another barcode of the article.
+    /// Both writes or neither.
     void Eliminar(const QString &cbarra, qint32 cart, bool princ);
 
     /// The check digit of a payload; "" recomputes that of Cod_Barras without its last character.
