@@ -2,7 +2,8 @@
 // holds one barcode row in its fields, loads rows (directly or walking the articles that have
 // barcodes), writes rows back with the principal-barcode rules, computes EAN check digits and
 // issues in-house EAN-8 codes from a per-company counter. It keeps its own connection and
-// raises every failure to its caller as a DbError whose Source() names the operation.
+// raises every failure to its caller as a DbError whose Source() names the operation. Text
+// SQL cannot store (see SqlText) is refused with a DbError before any statement runs.
 #pragma once
 
 #include <QDate>

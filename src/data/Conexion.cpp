@@ -1,6 +1,7 @@
 #include "data/Conexion.h"
 
 #include "data/DbError.h"
+#include "data/SqlText.h"
 #include "data/SqliteDialect.h"
 
 #include <QFileInfo>
@@ -164,18 +165,22 @@ void Conexion::setBusyTimeout(int milliseconds)
 
 QString Conexion::adapt(const QString &tsql) const
 {
-    return m_dialect == Sqlite ? SqliteDialect::adapt(tsql) : tsql;
+    if (m_dialect == Sqlite)
+        return SqliteDialect::adapt(tsql);
+    SqlText::comprobarInstruccion(tsql);
+    return tsql;
 }
 
 int Conexion::execute(const QString &tsql)
 {
+    const QString statement = adapt(tsql);
     requireLiveTransaction();
     emit Statement(tsql);
     QSqlDatabase db = database();
     if (!db.isOpen())
         throw DbError(DbError::ProviderError, QStringLiteral("La conexión con la base de datos está cerrada."));
     QSqlQuery q(db);
-    if (!q.exec(adapt(tsql)))
+    if (!q.exec(statement))
         throw DbError::fromSql(q.lastError());
     return q.numRowsAffected();
 }

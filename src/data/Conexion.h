@@ -36,7 +36,8 @@ public:
     Dialect dialect() const { return m_dialect; }
     /// The Qt connection, for code that needs the raw driver (benchmarks, the generator).
     QSqlDatabase database() const;
-    /// The statement as the database receives it (adapted on SQLite).
+    /// The statement as the database receives it (adapted on SQLite). Throws DbError for a
+    /// statement holding text SQL cannot store: every statement passes here before it is prepared.
     QString adapt(const QString &tsql) const;
 
     /// How long a statement waits for another workstation's lock before failing (SQLite).

@@ -2,6 +2,7 @@
 
 #include "data/Conexion.h"
 #include "data/DbError.h"
+#include "data/SqlText.h"
 
 #include <QRegularExpression>
 #include <QSqlError>
@@ -82,10 +83,11 @@ void Recordset::open(const QString &tsql, Conexion *connection)
     close();
     if (!connection)
         throw DbError(DbError::ObjectNotSet, QStringLiteral("No hay conexión con la base de datos: falta asignar Conexion."));
+    const QString statement = connection->adapt(tsql);
     connection->trace(tsql);
     m_query = QSqlQuery(connection->database());
     m_query.setForwardOnly(true);
-    if (!m_query.exec(connection->adapt(tsql))) {
+    if (!m_query.exec(statement)) {
         const DbError error = DbError::fromSql(m_query.lastError());
         m_query = QSqlQuery();
         throw error;
@@ -128,8 +130,9 @@ void Recordset::prepareKeyset(Conexion *connection, const QString &table, const 
 void Recordset::openKeyset(const QString &tsql, Conexion *connection, const QString &table, const QStringList &keyColumns)
 {
     prepareKeyset(connection, table, keyColumns);
+    const QString statement = connection->adapt(withKeyColumns(tsql, table, keyColumns));
     connection->trace(tsql);
-    loadAll(connection->adapt(withKeyColumns(tsql, table, keyColumns)));
+    loadAll(statement);
     m_mode = Keyset;
     m_row = 0;
 }
@@ -293,11 +296,8 @@ QString Recordset::literal(const QVariant &value)
         return QString::number(value.toLongLong());
     case QMetaType::Double: case QMetaType::Float:
         return QString::number(value.toDouble(), 'g', 17);
-    default: {
-        QString text = value.toString();
-        text.replace(u'\'', QLatin1String("''"));
-        return u'\'' + text + u'\'';
-    }
+    default:
+        return u'\'' + SqlText::texto(value.toString()) + u'\'';
     }
 }
 

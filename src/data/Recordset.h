@@ -6,6 +6,8 @@
 //               close(): the read is a transaction level of its own (a savepoint inside the
 //               caller's transaction), kept by close() and undone if the recordset is destroyed
 //               open or the read fails.
+// Every statement is refused with a DbError before it is prepared when it holds text SQL
+// cannot store (see SqlText).
 #pragma once
 
 #include <QSqlQuery>
@@ -56,8 +58,8 @@ public:
     /// Updatable recordsets: inserts a row into the table at once.
     void addNew(const QStringList &columns, const QVariantList &values);
 
-    /// A value written into a statement: text quoted with apostrophes doubled, numbers plain,
-    /// Booleans 1/0, NULL.
+    /// A value written into a statement: text quoted with apostrophes doubled (text SQL cannot
+    /// store throws DbError), numbers plain, Booleans 1/0, NULL.
     static QString literal(const QVariant &value);
 
 private:

@@ -67,6 +67,31 @@ private slots:
         QCOMPARE(SqliteDialect::adapt(tsql), sqlite);
     }
 
+    // Text that is not valid UTF-16 or holds a NUL is never passed on unadapted: the caller
+    // gets a DbError before SQLite sees it.
+    void invalidTextIsAnErrorNotAPassThrough_data()
+    {
+        QTest::addColumn<QString>("tsql");
+        const QString high(QChar(0xD800)), low(QChar(0xDC00)), nul(QChar(0));
+        QTest::newRow("lone high surrogate with ISNULL") << "SELECT ISNULL(a,'') FROM T WHERE b = '" + high + "'";
+        QTest::newRow("lone low surrogate with TOP") << "SELECT TOP 1 a FROM T WHERE b = '" + low + "'";
+        QTest::newRow("NUL with LIKE") << "SELECT a FROM T WHERE b like 'A" + nul + "%'";
+        QTest::newRow("NUL in a plain lookup") << "SELECT a FROM T WHERE b = 'A" + nul + "'";
+        QTest::newRow("surrogate before a quote") << "SELECT a FROM T WHERE b = '" + high + "'''";
+        QTest::newRow("noncharacter") << "SELECT a FROM T WHERE b = '" + QString(QChar(0xFFFF)) + "'";
+    }
+    void invalidTextIsAnErrorNotAPassThrough()
+    {
+        QFETCH(QString, tsql);
+        try {
+            SqliteDialect::adapt(tsql);
+            QFAIL("adapted");
+        } catch (const DbError &e) {
+            QVERIFY2(e.Description().startsWith(QStringLiteral("La instrucción SQL contiene un carácter no válido")),
+                     qPrintable(e.Description()));
+        }
+    }
+
     void collation_data()
     {
         QTest::addColumn<QString>("a");
