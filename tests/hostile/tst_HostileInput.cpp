@@ -143,24 +143,6 @@ struct Totals { int cases = 0, refused = 0, changed = 0, leaks = 0; };
 // companies (the second company's under other codes, so that a leak shows).
 struct Case
 {
-    // Texts are bound as UTF-8 and cast: SQLite drops a leading U+FEFF from bound UTF-16.
-    QSqlQuery prepared(const QString &sql, const QVariantList &values)
-    {
-        QString text;
-        qsizetype n = 0;
-        for (QChar ch : sql) {
-            const bool isText = ch == u'?' && n < values.size() && values[n++].typeId() == QMetaType::QString;
-            text += isText ? QStringLiteral("CAST(? AS TEXT)") : QString(ch);
-        }
-        QSqlQuery q(db.conexion()->database());
-        q.prepare(text);
-        for (const QVariant &v : values) {
-            QByteArray utf8 = v.toString().toUtf8();
-            q.addBindValue(v.typeId() == QMetaType::QString ? QVariant(utf8.isNull() ? QByteArray("", 0) : utf8) : v);
-        }
-        return q;
-    }
-
     Testing::TestDatabase db;
     Testing::ScriptedUi ui;
     cEmpresa *empresa;
@@ -196,6 +178,24 @@ struct Case
             out << q.value(0).toString();
         out.sort();
         return out;
+    }
+
+    // Texts are bound as UTF-8 and cast: SQLite drops a leading U+FEFF from bound UTF-16.
+    QSqlQuery prepared(const QString &sql, const QVariantList &values)
+    {
+        QString statement;
+        qsizetype n = 0;
+        for (QChar ch : sql) {
+            const bool isText = ch == u'?' && n < values.size() && values[n++].typeId() == QMetaType::QString;
+            statement += isText ? QStringLiteral("CAST(? AS TEXT)") : QString(ch);
+        }
+        QSqlQuery q(db.conexion()->database());
+        q.prepare(statement);
+        for (const QVariant &v : values) {
+            QByteArray utf8 = v.toString().toUtf8();
+            q.addBindValue(v.typeId() == QMetaType::QString ? QVariant(utf8.isNull() ? QByteArray("", 0) : utf8) : v);
+        }
+        return q;
     }
 };
 
@@ -406,7 +406,7 @@ class tst_HostileInput : public QObject
 
     Totals m_totals;
 
-private slots:
+private Q_SLOTS:
     void everyEntryPoint_data()
     {
         QTest::addColumn<int>("entry");
