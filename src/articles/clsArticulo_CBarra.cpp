@@ -5,6 +5,7 @@
 #include "data/FechaSQL.h"
 #include "data/Recordset.h"
 #include "data/SqlText.h"
+#include "data/TransactionScope.h"
 #include "platform/Legacy.h"
 #include "platform/UiSeam.h"
 
@@ -164,13 +165,16 @@ void clsArticulo_CBarra::Insertar()
     rethrowAs(kInsertar, [&] {
         const QString e = n(m_context.empresa());
         Conexion *c = m_context.conexion();
+        const QString insert = QStringLiteral("INSERT INTO Articulos_CBarras (Cod_Empresa, Cod_Articulo, Cod_Barras, Principal, Fecha, Unidades, Automatico) "
+                                              "VALUES (%1, %2, '%3', %4, '%5', %6, %7)")
+                                   .arg(e, n(m_codArticulo), t(m_codBarras), SqlText::bit(m_principal), FechaSQL::instance().Hoy(),
+                                        n(m_unidades), SqlText::bit(m_automatico));
+        TransactionScope transaction(c);
         if (m_principal)
             c->execute(QStringLiteral("UPDATE Articulos_CBarras SET Principal =0 WHERE Cod_Empresa =%1 AND Cod_Articulo =%2 AND Principal =1")
                            .arg(e, n(m_codArticulo)));
-        c->execute(QStringLiteral("INSERT INTO Articulos_CBarras (Cod_Empresa, Cod_Articulo, Cod_Barras, Principal, Fecha, Unidades, Automatico) "
-                                  "VALUES (%1, %2, '%3', %4, '%5', %6, %7)")
-                       .arg(e, n(m_codArticulo), t(m_codBarras), SqlText::bit(m_principal), FechaSQL::instance().Hoy(),
-                            n(m_unidades), SqlText::bit(m_automatico)));
+        c->execute(insert);
+        transaction.commit();
     });
 }
 
@@ -179,10 +183,13 @@ void clsArticulo_CBarra::Cambia_Principal(const QString &cb)
     rethrowAs(kModificar, [&] {
         const QString e = n(m_context.empresa());
         Conexion *c = m_context.conexion();
+        const QString promote = QStringLiteral("UPDATE Articulos_CBarras SET Principal = 1 WHERE Cod_Empresa =%1 AND Cod_Articulo =%2 AND Cod_Barras = '%3'")
+                                    .arg(e, n(m_codArticulo), t(cb));
+        TransactionScope transaction(c);
         c->execute(QStringLiteral("UPDATE Articulos_CBarras SET Principal=0 WHERE Cod_Empresa =%1 AND Cod_Articulo =%2 AND Principal = 1")
                        .arg(e, n(m_codArticulo)));
-        c->execute(QStringLiteral("UPDATE Articulos_CBarras SET Principal = 1 WHERE Cod_Empresa =%1 AND Cod_Articulo =%2 AND Cod_Barras = '%3'")
-                       .arg(e, n(m_codArticulo), t(cb)));
+        c->execute(promote);
+        transaction.commit();
     });
 }
 
@@ -203,14 +210,18 @@ void clsArticulo_CBarra::ModificarPrincipal()
         QString otherName;
         qint16 units = 0;
         bool otherPrincipal = false;
-        if (Existe(m_codBarras, otherArticle, otherName, units, otherPrincipal) && otherArticle != m_codArticulo) {
+        const bool elsewhere = Existe(m_codBarras, otherArticle, otherName, units, otherPrincipal) && otherArticle != m_codArticulo;
+        if (elsewhere) {
             const int answer = UiSeam::current().MsgBox(
                 QStringLiteral("El EAN %1 existe en el artículo %2 - %3. ¿Desea Traspasarlo?").arg(m_codBarras, n(otherArticle), otherName),
                 UiSeam::vbYesNo | UiSeam::vbQuestion | UiSeam::vbDefaultButton2, QStringLiteral("Confirme la operación..."));
             if (answer != UiSeam::vbYes)
                 return;
-            Eliminar(m_codBarras, otherArticle, otherPrincipal);
         }
+        // The question is asked before the transaction: no lock is held while the clerk reads it.
+        TransactionScope transaction(m_context.conexion());
+        if (elsewhere)
+            Eliminar(m_codBarras, otherArticle, otherPrincipal);
         const int rows = m_context.conexion()->execute(
             QStringLiteral("UPDATE Articulos_CBarras SET Cod_Barras ='%1' WHERE Cod_Empresa =%2 AND Cod_Articulo =%3 AND Principal = 1")
                 .arg(t(m_codBarras), n(m_context.empresa()), n(m_codArticulo)));
@@ -218,6 +229,7 @@ void clsArticulo_CBarra::ModificarPrincipal()
             m_unidades = 1;
             Insertar();
         }
+        transaction.commit();
     });
 }
 
@@ -226,12 +238,15 @@ void clsArticulo_CBarra::Eliminar(const QString &cbarra, qint32 cart, bool princ
     rethrowAs(kExiste, [&] {
         const QString e = n(m_context.empresa());
         Conexion *c = m_context.conexion();
+        const QString remove = QStringLiteral("DELETE FROM Articulos_CBarras WHERE Cod_Empresa = %1 and Cod_Articulo = %2 and Cod_Barras = '%3'")
+                                   .arg(e, n(cart), t(cbarra));
+        TransactionScope transaction(c);
         if (princ)
             c->execute(QStringLiteral("UPDATE Articulos_CBarras SET Principal= 1 FROM (SELECT Top 1 * FROM Articulos_CBarras WHERE Principal = 0 "
                                       "and Cod_Empresa =%1 and Cod_Articulo =%2) as a Where a.Cod_Barras = Articulos_CBarras.Cod_Barras")
                            .arg(e, n(cart)));
-        c->execute(QStringLiteral("DELETE FROM Articulos_CBarras WHERE Cod_Empresa = %1 and Cod_Articulo = %2 and Cod_Barras = '%3'")
-                       .arg(e, n(cart), t(cbarra)));
+        c->execute(remove);
+        transaction.commit();
     });
 }
 
@@ -258,14 +273,14 @@ bool clsArticulo_CBarra::Validar()
     return m_codBarras.right(1) == QString::number(Dev_Check(QString()));
 }
 
-void clsArticulo_CBarra::Calc_Check(const QString &strArtI, const QString &strArtF)
+void clsArticulo_CBarra::Calc_Check(qint32 strArtI, qint32 strArtF)
 {
     rethrowAs(kCalcCheck, [&] {
         Recordset rs;
         // Without parentheses: the 7-character codes of every company and article are selected too.
         rs.openKeyset(QStringLiteral("SELECT LTRIM(RTRIM(Cod_Barras)) AS Cod_Barras FROM Articulos_CBarras WHERE Cod_Empresa =%1 "
                                      "AND Cod_Articulo BETWEEN %2 AND %3 AND LEN(Cod_Barras) = 12 OR LEN(Cod_Barras) = 7")
-                          .arg(n(m_context.empresa()), strArtI, strArtF),
+                          .arg(n(m_context.empresa()), n(strArtI), n(strArtF)),
                       m_context.conexion(), QStringLiteral("Articulos_CBarras"),
                       {QStringLiteral("Cod_Empresa"), QStringLiteral("Cod_Articulo"), QStringLiteral("Cod_Barras")});
         while (!rs.eof()) {

@@ -2,7 +2,8 @@
 // holds one barcode row in its fields, loads rows (directly or walking the articles that have
 // barcodes), writes rows back with the principal-barcode rules, computes EAN check digits and
 // issues in-house EAN-8 codes from a per-company counter. It keeps its own connection and
-// raises every failure to its caller as a DbError whose Source() names the operation.
+// raises every failure to its caller as a DbError whose Source() names the operation. Text
+// SQL cannot store (see SqlText) is refused with a DbError before any statement runs.
 #pragma once
 
 #include <QDate>
@@ -66,15 +67,19 @@ public:
     bool Existe(const QString &cbarra, qint32 &Cod_Art, QString &Nombre, qint16 &unid, bool &princ);
 
     /// Writes the fields as a new row dated today; a principal one first demotes the article's.
+    /// Both writes or neither (nested in the caller's transaction when one is open).
     void Insertar();
-    /// Makes `cb` the article's principal (the article has none if `cb` is not one of its codes).
+    /// Makes `cb` the article's principal (the article has none if `cb` is not one of its codes);
+    /// both writes or neither.
     void Cambia_Principal(const QString &cb);
     /// Rewrites the row of article Key whose code was `cbAnterior` (no other row is demoted).
     void Modificar(const QString &cbAnterior);
     /// Replaces the principal code of Cod_Articulo by Cod_Barras, first asking (No by default)
     /// whether to move it from another article that has it; inserts a row when there was none.
+    /// The writes after the question succeed or fail together.
     void ModificarPrincipal();
     /// Deletes a barcode; deleting a principal first promotes another barcode of the article.
+    /// Both writes or neither.
     void Eliminar(const QString &cbarra, qint32 cart, bool princ);
 
     /// The check digit of a payload; "" recomputes that of Cod_Barras without its last character.
@@ -82,8 +87,9 @@ public:
     /// Short (under 7) and alphanumeric codes pass; all-digit codes must end in their check digit.
     bool Validar();
     /// Appends check digits to the 12-character codes of the article range (and to every
-    /// 7-character code of the table), row by row; stops at the first failure.
-    void Calc_Check(const QString &strArtI, const QString &strArtF);
+    /// 7-character code of the table), row by row; stops at the first failure. The range
+    /// reaches the statement only as numbers.
+    void Calc_Check(qint32 strArtI, qint32 strArtF);
     /// The article's automatic EAN-8 code: the one it has, or the next free number of the
     /// company's counter with its digit. Both are read under the counter's lock, which lasts
     /// to the end of the caller's transaction: store the code in it, and two workstations

@@ -1,6 +1,7 @@
 #include "data/Conexion.h"
 
 #include "data/DbError.h"
+#include "data/SqlText.h"
 #include "data/SqliteDialect.h"
 
 #include <QFile>
@@ -318,70 +319,128 @@ void Conexion::requireWritable() const
 
 QString Conexion::adapt(const QString &tsql) const
 {
-    return m_dialect == Sqlite ? SqliteDialect::adapt(tsql) : tsql;
+    if (m_dialect == Sqlite)
+        return SqliteDialect::adapt(tsql);
+    SqlText::comprobarInstruccion(tsql);
+    return tsql;
 }
 
 int Conexion::execute(const QString &tsql)
 {
+    const QString statement = adapt(tsql);
+    requireLiveTransaction();
     emit Statement(tsql);
     QSqlDatabase db = database();
     if (!db.isOpen())
         throw DbError(DbError::ProviderError, QStringLiteral("La conexión con la base de datos está cerrada."));
     requireWritable();
     QSqlQuery q(db);
-    if (!q.exec(adapt(tsql)))
+    if (!q.exec(statement))
         throw DbError::fromSql(q.lastError());
     return q.numRowsAffected();
+}
+
+// Runs a transaction statement of the layer itself (not announced).
+void Conexion::run(const QString &sql)
+{
+    QSqlQuery q(database());
+    if (!q.exec(sql))
+        throw DbError::fromSql(q.lastError());
+}
+
+// The outermost level: a statement on SQLite, the driver's own call on SQL Server.
+void Conexion::outermost(const QString &sqlite, bool (QSqlDatabase::*driverCall)())
+{
+    if (m_dialect == Sqlite) {
+        run(sqlite);
+        return;
+    }
+    QSqlDatabase db = database();
+    if (!(db.*driverCall)())
+        throw DbError::fromSql(db.lastError());
+}
+
+// SQLite ends the whole transaction on some failures (a trigger's RAISE(ROLLBACK), a full
+// disk); the open levels then no longer protect anything.
+bool Conexion::transactionLost()
+{
+    if (m_depth > 0 && !m_lost && m_dialect == Sqlite) {
+        const QVariant handle = database().driver()->handle();
+        m_lost = handle.isValid() && sqlite3_get_autocommit(*static_cast<sqlite3 *const *>(handle.constData())) != 0;
+    }
+    return m_lost;
+}
+
+void Conexion::requireLiveTransaction()
+{
+    if (transactionLost())
+        throw DbError(DbError::ProviderError,
+                      QStringLiteral("La transacción se deshizo entera por un error anterior: no se ha guardado nada."));
 }
 
 void Conexion::beginTrans()
 {
     requireWritable();
-    QSqlDatabase db = database();
-    if (m_dialect == Sqlite) {
-        QSqlQuery q(db);
-        if (!q.exec(QStringLiteral("BEGIN IMMEDIATE")))
-            throw DbError::fromSql(q.lastError());
-    } else if (!db.transaction()) {
-        throw DbError::fromSql(db.lastError());
+    requireLiveTransaction();
+    const QString savepoint = QStringLiteral("kd_%1").arg(m_depth + 1);
+    if (m_depth > 0) {
+        run((m_dialect == Sqlite ? QStringLiteral("SAVEPOINT ") : QStringLiteral("SAVE TRANSACTION ")) + savepoint);
+    } else {
+        outermost(QStringLiteral("BEGIN IMMEDIATE"), &QSqlDatabase::transaction);
     }
-    m_inTransaction = true;
+    ++m_depth;
 }
 
 void Conexion::commitTrans()
 {
+    if (m_depth == 0)
+        throw DbError(DbError::ProviderError, QStringLiteral("No hay ninguna transacción abierta que confirmar."));
+    try {
+        requireLiveTransaction();
+    } catch (const DbError &) {
+        m_lost = --m_depth > 0; // the caller's levels end one by one
+        throw;
+    }
     try {
         requireWritable();
     } catch (const DbError &) {
         rollbackTrans();
         throw;
     }
-    QSqlDatabase db = database();
-    bool ok;
-    if (m_dialect == Sqlite) {
-        QSqlQuery q(db);
-        ok = q.exec(QStringLiteral("COMMIT"));
-        if (!ok)
-            throw DbError::fromSql(q.lastError());
-    } else {
-        ok = db.commit();
-        if (!ok)
-            throw DbError::fromSql(db.lastError());
-    }
-    m_inTransaction = false;
+    if (m_depth == 1)
+        outermost(QStringLiteral("COMMIT"), &QSqlDatabase::commit);
+    else if (m_dialect == Sqlite) // a savepoint on SQL Server simply stays until the outer end
+        run(QStringLiteral("RELEASE SAVEPOINT kd_%1").arg(m_depth));
+    --m_depth;
 }
 
 void Conexion::rollbackTrans()
 {
-    QSqlDatabase db = database();
-    m_inTransaction = false;
-    if (m_dialect == Sqlite) {
-        QSqlQuery q(db);
-        if (!q.exec(QStringLiteral("ROLLBACK")))
-            throw DbError::fromSql(q.lastError());
-    } else if (!db.rollback()) {
-        throw DbError::fromSql(db.lastError());
+    if (m_depth == 0)
+        return;
+    const bool lost = transactionLost();
+    const int level = m_depth--;
+    if (lost) { // nothing left to undo
+        m_lost = m_depth > 0;
+        return;
     }
+    if (level == 1) {
+        outermost(QStringLiteral("ROLLBACK"), &QSqlDatabase::rollback);
+        return;
+    }
+    const QString savepoint = QStringLiteral("kd_%1").arg(level);
+    if (m_dialect == Sqlite) {
+        run(QStringLiteral("ROLLBACK TO SAVEPOINT ") + savepoint);
+        run(QStringLiteral("RELEASE SAVEPOINT ") + savepoint);
+    } else {
+        run(QStringLiteral("ROLLBACK TRANSACTION ") + savepoint);
+    }
+}
+
+void Conexion::rollbackTo(int level)
+{
+    while (level > 0 && m_depth >= level)
+        rollbackTrans();
 }
 
 Conexion *Conexion::shared() { return g_shared.data(); }

@@ -53,7 +53,8 @@ public:
     QStringList sessionStatements() const { return m_sessionStatements; }
     /// The Qt connection, for code that needs the raw driver (benchmarks, the generator).
     QSqlDatabase database() const;
-    /// The statement as the database receives it (adapted on SQLite).
+    /// The statement as the database receives it (adapted on SQLite). Throws DbError for a
+    /// statement holding text SQL cannot store: every statement passes here before it is prepared.
     QString adapt(const QString &tsql) const;
 
     /// How long a statement waits for another workstation's lock before the clerk is told
@@ -71,12 +72,22 @@ public:
     /// anything is written when the connection is read-only or its SQLite file was deleted
     /// or replaced since it was opened.
     int execute(const QString &tsql);
-    /// Transactions. On SQLite the write lock is taken at once (BEGIN IMMEDIATE), so two
-    /// workstations queue instead of failing halfway.
+    /// Transactions, nested: inside an open one, beginTrans sets a savepoint that commitTrans
+    /// keeps for the outer one and rollbackTrans undoes alone. Levels end in reverse order
+    /// (TransactionScope does it). On SQLite the outermost takes the write lock at once
+    /// (BEGIN IMMEDIATE), so two workstations queue instead of failing halfway. When a failure
+    /// ended the whole transaction (SQLite rolls back on some errors), every later write and the
+    /// outer commit throw DbError instead of running outside it.
     void beginTrans();
     void commitTrans();
+    /// Undoes the innermost level; with no level open it does nothing.
     void rollbackTrans();
-    bool inTransaction() const { return m_inTransaction; }
+    /// Undoes every open level from the innermost to `level` (1 is the outermost); levels
+    /// already ended are left alone.
+    void rollbackTo(int level);
+    bool inTransaction() const { return m_depth > 0; }
+    /// How many transaction levels are open (0 outside a transaction).
+    int transactionLevel() const { return m_depth; }
 
     /// Announces a statement (the recordset calls it for the queries it opens).
     void trace(const QString &tsql) { emit Statement(tsql); }
@@ -99,13 +110,18 @@ private:
     void prepareSqlite();
     void requireWritable() const;
     void prepareSqlServer();
+    void run(const QString &sql);
+    void outermost(const QString &sqlite, bool (QSqlDatabase::*driverCall)());
+    bool transactionLost();
+    void requireLiveTransaction();
 
     Dialect m_dialect;
     QString m_name;
     QString m_path;               // SQLite: the database file
     sqlite3 *m_handle = nullptr;  // SQLite: the driver's handle
     bool m_readOnly = false;
-    bool m_inTransaction = false;
+    int m_depth = 0;              // open transaction levels
+    bool m_lost = false;          // the database ended the transaction while levels were open
     QStringList m_sessionStatements;
 };
 

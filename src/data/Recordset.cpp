@@ -2,11 +2,13 @@
 
 #include "data/Conexion.h"
 #include "data/DbError.h"
+#include "data/SqlText.h"
 
 #include <QRegularExpression>
 #include <QSqlError>
 #include <QSqlField>
 #include <cmath>
+#include <utility>
 
 namespace Varnel_Controles {
 
@@ -46,12 +48,29 @@ QString withLockHint(const QString &tsql, const QString &table)
 
 Recordset::~Recordset()
 {
-    if (m_ownsTransaction && m_connection) {
+    try {
+        endLock(false);
+    } catch (const DbError &) {
+        // The connection is unusable; its next statement reports why.
+    }
+}
+
+// Ends the transaction level of a locked read: its writes kept for the caller, or undone.
+void Recordset::endLock(bool keep)
+{
+    const int level = std::exchange(m_lockLevel, 0);
+    if (level == 0 || !m_connection)
+        return;
+    if (keep && m_connection->transactionLevel() == level) {
         try {
-            m_connection->rollbackTrans();
+            m_connection->commitTrans();
+            return;
         } catch (const DbError &) {
+            m_connection->rollbackTo(level);
+            throw;
         }
     }
+    m_connection->rollbackTo(level);
 }
 
 void Recordset::fail(const QString &description) const
@@ -64,10 +83,11 @@ void Recordset::open(const QString &tsql, Conexion *connection)
     close();
     if (!connection)
         throw DbError(DbError::ObjectNotSet, QStringLiteral("No hay conexión con la base de datos: falta asignar Conexion."));
+    const QString statement = connection->adapt(tsql);
     connection->trace(tsql);
     m_query = QSqlQuery(connection->database());
     m_query.setForwardOnly(true);
-    if (!m_query.exec(connection->adapt(tsql))) {
+    if (!m_query.exec(statement)) {
         const DbError error = DbError::fromSql(m_query.lastError());
         m_query = QSqlQuery();
         throw error;
@@ -110,8 +130,9 @@ void Recordset::prepareKeyset(Conexion *connection, const QString &table, const 
 void Recordset::openKeyset(const QString &tsql, Conexion *connection, const QString &table, const QStringList &keyColumns)
 {
     prepareKeyset(connection, table, keyColumns);
+    const QString statement = connection->adapt(withKeyColumns(tsql, table, keyColumns));
     connection->trace(tsql);
-    loadAll(connection->adapt(withKeyColumns(tsql, table, keyColumns)));
+    loadAll(statement);
     m_mode = Keyset;
     m_row = 0;
 }
@@ -119,21 +140,17 @@ void Recordset::openKeyset(const QString &tsql, Conexion *connection, const QStr
 void Recordset::openLocked(const QString &tsql, Conexion *connection, const QString &table, const QStringList &keyColumns)
 {
     prepareKeyset(connection, table, keyColumns);
-    if (!connection->inTransaction()) {
-        connection->beginTrans();
-        m_ownsTransaction = true;
-    }
-    connection->trace(tsql);
     QString statement = withKeyColumns(tsql, table, keyColumns);
-    statement = connection->dialect() == Conexion::SqlServer ? withLockHint(statement, table)
-                                                             : connection->adapt(statement);
+    if (connection->dialect() == Conexion::SqlServer)
+        statement = withLockHint(statement, table);
+    statement = connection->adapt(statement);
+    connection->beginTrans();
+    m_lockLevel = connection->transactionLevel();
+    connection->trace(tsql);
     try {
         loadAll(statement);
     } catch (...) {
-        if (m_ownsTransaction) {
-            m_ownsTransaction = false;
-            connection->rollbackTrans();
-        }
+        endLock(false);
         throw;
     }
     m_mode = Keyset;
@@ -216,10 +233,7 @@ void Recordset::close()
     m_changed.clear();
     m_mode = Closed;
     m_atEnd = true;
-    if (m_ownsTransaction && m_connection) {
-        m_ownsTransaction = false;
-        m_connection->commitTrans();
-    }
+    endLock(true);
 }
 
 void Recordset::requireUpdatable() const
@@ -282,11 +296,8 @@ QString Recordset::literal(const QVariant &value)
         return QString::number(value.toLongLong());
     case QMetaType::Double: case QMetaType::Float:
         return QString::number(value.toDouble(), 'g', 17);
-    default: {
-        QString text = value.toString();
-        text.replace(u'\'', QLatin1String("''"));
-        return u'\'' + text + u'\'';
-    }
+    default:
+        return u'\'' + SqlText::texto(value.toString()) + u'\'';
     }
 }
 

@@ -3,7 +3,11 @@
 // open():       forward-only, read-only; rows come from the database as they are read.
 // openKeyset(): all rows read at once; each can be changed and written back by its key.
 // openLocked(): as openKeyset, and the rows stay locked against other workstations until
-//               close() (a transaction is begun unless one is already open on the connection).
+//               close(): the read is a transaction level of its own (a savepoint inside the
+//               caller's transaction), kept by close() and undone if the recordset is destroyed
+//               open or the read fails.
+// Every statement is refused with a DbError before it is prepared when it holds text SQL
+// cannot store (see SqlText).
 #pragma once
 
 #include <QSqlQuery>
@@ -44,7 +48,8 @@ public:
     void moveNext();
     /// Names of the columns, in the order of the select list.
     QStringList fieldNames() const;
-    /// Closes the query; a locked recordset commits the transaction it began.
+    /// Closes the query; a locked recordset commits its transaction level (inside the caller's
+    /// transaction the writes wait for the caller's commit).
     void close();
 
     /// Updatable recordsets: change a column of the current row, then write it with update().
@@ -53,8 +58,8 @@ public:
     /// Updatable recordsets: inserts a row into the table at once.
     void addNew(const QStringList &columns, const QVariantList &values);
 
-    /// A value written into a statement: text quoted with apostrophes doubled, numbers plain,
-    /// Booleans 1/0, NULL.
+    /// A value written into a statement: text quoted with apostrophes doubled (text SQL cannot
+    /// store throws DbError), numbers plain, Booleans 1/0, NULL.
     static QString literal(const QVariant &value);
 
 private:
@@ -64,6 +69,7 @@ private:
     void fail(const QString &description) const;
     void loadAll(const QString &adapted);
     void prepareKeyset(Conexion *connection, const QString &table, const QStringList &keyColumns);
+    void endLock(bool keep);
 
     Mode m_mode = Closed;
     Conexion *m_connection = nullptr;
@@ -76,7 +82,7 @@ private:
     QString m_table;
     QStringList m_keyColumns;
     QStringList m_changed;
-    bool m_ownsTransaction = false;
+    int m_lockLevel = 0; // the connection's transaction level a locked read opened
 };
 
 } // namespace Varnel_Controles

@@ -1,11 +1,13 @@
 #include "data/SqliteDialect.h"
 
 #include "data/DbError.h"
+#include "data/SqlText.h"
 
 #include <QChar>
 #include <QRegularExpression>
 #include <QStringList>
 #include <QVector>
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstring>
@@ -362,12 +364,7 @@ QString unquote(const QString &literal)
     return s;
 }
 
-QString quote(const QString &text)
-{
-    QString s = text;
-    s.replace(u'\'', QLatin1String("''"));
-    return u'\'' + s + u'\'';
-}
+QString quote(const QString &text) { return u'\'' + SqlText::texto(text) + u'\''; }
 
 void rewriteIsNull(QVector<Token> &t)
 {
@@ -562,10 +559,12 @@ bool SqliteDialect::isDateColumn(const QString &column)
 
 QString SqliteDialect::adapt(const QString &tsql)
 {
+    SqlText::comprobarInstruccion(tsql);
     // Most statements (code lookups) need nothing: skip the tokenizer for them.
-    static const QRegularExpression triggers(QStringLiteral("ISNULL|TOP|CONVERT|LIKE|FECHA|FALTA"),
-                                             QRegularExpression::CaseInsensitiveOption);
-    if (!triggers.match(tsql).hasMatch())
+    static const QLatin1String triggers[] = {QLatin1String("ISNULL"), QLatin1String("TOP"), QLatin1String("CONVERT"),
+                                             QLatin1String("LIKE"), QLatin1String("FECHA"), QLatin1String("FALTA")};
+    if (std::none_of(std::begin(triggers), std::end(triggers),
+                     [&](QLatin1String word) { return tsql.contains(word, Qt::CaseInsensitive); }))
         return tsql;
     QVector<Token> tokens = tokenize(tsql);
     rewriteIsNull(tokens);

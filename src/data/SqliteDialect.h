@@ -21,8 +21,9 @@ namespace Varnel_Controles {
 class SqliteDialect
 {
 public:
-    /// The statement as SQLite runs it. Throws DbError for a statement cut short where it is
-    /// rewritten (TOP without its number).
+    /// The statement as SQLite runs it. Throws DbError for a statement holding text SQL cannot
+    /// store (a NUL, half a surrogate pair, U+FFFE, U+FFFF): such a statement is never passed on;
+    /// and for a statement cut short where it is rewritten (TOP without its number).
     static QString adapt(const QString &tsql);
     /// Registers the collation and functions on a connection handle.
     static void registerFunctions(sqlite3 *handle);

@@ -3,12 +3,15 @@
 #include "data/DbError.h"
 #include "data/FechaSQL.h"
 #include "data/Recordset.h"
+#include "data/TransactionScope.h"
 #include "support/ScriptedUi.h"
 #include "support/TestDatabase.h"
 
 #include <QProcess>
 #include <QSet>
 #include <QTest>
+#include <optional>
+#include <type_traits>
 
 using namespace Varnel_Controles;
 
@@ -274,7 +277,7 @@ private slots:
         f.cb.setKey(5);
         f.cb.Modificar(QStringLiteral("555"));
         f.cb.Eliminar(QStringLiteral("555"), 5, true);
-        f.cb.Calc_Check(QStringLiteral("1"), QStringLiteral("10"));
+        f.cb.Calc_Check(1, 10);
         const QString hoy = FechaSQL::instance().Hoy();
         const QStringList expected{
             "SELECT * FROM Articulos_CBarras WHERE Cod_Articulo = 1 and Cod_Empresa = 1 ORDER BY Principal DESC",
@@ -332,7 +335,7 @@ private slots:
             case 7: f.cb.Cambia_Principal(QStringLiteral("1")); break;
             case 8: f.cb.Modificar(QStringLiteral("1")); break;
             case 9: f.cb.ModificarPrincipal(); break;
-            case 10: f.cb.Calc_Check(QStringLiteral("1"), QStringLiteral("2")); break;
+            case 10: f.cb.Calc_Check(1, 2); break;
             }
             QFAIL("no error");
         } catch (const DbError &e) {
@@ -341,14 +344,83 @@ private slots:
         }
     }
 
-    void aFailingInsertLeavesTheDemotionInEffect()
+    // Each two-statement operation succeeds whole or changes nothing, on its own or inside the
+    // caller's transaction (which goes on and can still commit what it did before).
+    void aFailingSecondStatementChangesNothing_data()
     {
+        QTest::addColumn<int>("operation");
+        QTest::addColumn<QString>("fault");
+        QTest::addColumn<bool>("nested");
+        const QString onInsert = QStringLiteral("CREATE TRIGGER fallo BEFORE INSERT ON Articulos_CBarras BEGIN SELECT RAISE(ABORT, 'fallo inyectado'); END");
+        const QString onPromote = QStringLiteral("CREATE TRIGGER fallo BEFORE UPDATE ON Articulos_CBarras WHEN NEW.Principal = 1 "
+                                                 "BEGIN SELECT RAISE(ABORT, 'fallo inyectado'); END");
+        const QString onDelete = QStringLiteral("CREATE TRIGGER fallo BEFORE DELETE ON Articulos_CBarras BEGIN SELECT RAISE(ABORT, 'fallo inyectado'); END");
+        const QString onRewrite = QStringLiteral("CREATE TRIGGER fallo BEFORE UPDATE OF Cod_Barras ON Articulos_CBarras "
+                                                 "BEGIN SELECT RAISE(ABORT, 'fallo inyectado'); END");
+        for (bool nested : {false, true}) {
+            const char *where = nested ? "inside the caller's transaction" : "alone";
+            QTest::addRow("Insertar: the insert fails, %s", where) << 0 << onInsert << nested;
+            QTest::addRow("Insertar: the code is the article's already, %s", where) << 1 << QString() << nested;
+            QTest::addRow("Cambia_Principal: the promotion fails, %s", where) << 2 << onPromote << nested;
+            QTest::addRow("Eliminar: the delete fails, %s", where) << 3 << onDelete << nested;
+            QTest::addRow("ModificarPrincipal: the code moves, the rewrite fails, %s", where) << 4 << onRewrite << nested;
+        }
+    }
+    void aFailingSecondStatementChangesNothing()
+    {
+        QFETCH(int, operation);
+        QFETCH(QString, fault);
+        QFETCH(bool, nested);
         Fixture f;
+        Testing::ScriptedUi ui;
+        Conexion *c = f.db.conexion();
+        if (!fault.isEmpty())
+            c->execute(fault);
+        std::optional<TransactionScope> caller;
+        if (nested) {
+            caller.emplace(c);
+            c->execute(QStringLiteral("DELETE FROM Marcas WHERE Codigo = 1"));
+        }
+        const QString before = f.db.fingerprint();
         f.cb.setCod_Articulo(1);
-        f.cb.setCod_Barras(QStringLiteral("84123457")); // already a barcode of article 1: the INSERT fails
+        f.cb.setCod_Barras(QStringLiteral("84123457")); // operation 1: already a barcode of article 1
         f.cb.setPrincipal(true);
-        QVERIFY_THROWS_EXCEPTION(DbError, f.cb.Insertar());
-        QCOMPARE(f.principals(1), 0);
+        try {
+            switch (operation) {
+            case 0: f.cb.setCod_Barras(QStringLiteral("84000001")); f.cb.Insertar(); break;
+            case 1: f.cb.Insertar(); break;
+            case 2: f.cb.Cambia_Principal(QStringLiteral("84123457")); break;
+            case 3: f.cb.Eliminar(QStringLiteral("8412345678905"), 1, true); break;
+            default: // article 1's code moves to article 4711 when the clerk says Yes
+                ui.answerMessages({UiSeam::vbYes});
+                f.cb.setCod_Articulo(4711);
+                f.cb.ModificarPrincipal();
+                break;
+            }
+            QFAIL("no error");
+        } catch (const DbError &e) {
+            QVERIFY2(fault.isEmpty() || e.Description().contains(QLatin1String("fallo inyectado")), qPrintable(e.Description()));
+        }
+        QCOMPARE(f.db.fingerprint(), before);
+        QCOMPARE(f.principals(1), 1);
+        QCOMPARE(c->inTransaction(), nested);
+        if (nested) {
+            caller->commit();
+            QCOMPARE(f.db.scalar(QStringLiteral("SELECT COUNT(*) FROM Marcas WHERE Codigo = 1")).toInt(), 0);
+        }
+    }
+
+    // The range reaches SQL only as numbers.
+    void checkDigitRangeIsNumeric()
+    {
+        static_assert(!std::is_invocable_v<decltype(&clsArticulo_CBarra::Calc_Check), clsArticulo_CBarra &, QString, QString>,
+                      "a text range would be pasted into the statement");
+        Fixture f;
+        const QString before = f.db.fingerprint();
+        f.cb.Calc_Check(-5, 0);
+        QCOMPARE(f.db.statements, QStringList{"SELECT LTRIM(RTRIM(Cod_Barras)) AS Cod_Barras FROM Articulos_CBarras WHERE Cod_Empresa =1 "
+                                              "AND Cod_Articulo BETWEEN -5 AND 0 AND LEN(Cod_Barras) = 12 OR LEN(Cod_Barras) = 7"});
+        QCOMPARE(f.db.fingerprint(), before);
     }
 
     void completingCheckDigits()
@@ -357,11 +429,11 @@ private slots:
         Conexion *c = f.db.conexion();
         c->execute(QStringLiteral("INSERT INTO Articulos_CBarras (Cod_Empresa, Cod_Articulo, Cod_Barras) VALUES "
                                   "(1, 5, '400638133393'), (1, 50, '841234567890'), (1, 3, '9810001 '), (2, 1, '9810002'), (1, 5, '12345')"));
-        f.cb.Calc_Check(QStringLiteral("1"), QStringLiteral("10"));
+        f.cb.Calc_Check(1, 10);
         QCOMPARE(f.db.rows(QStringLiteral("SELECT Cod_Empresa, Cod_Articulo, Cod_Barras FROM Articulos_CBarras WHERE LEN(Cod_Barras) <> 13 OR Cod_Articulo IN (5, 50) ORDER BY 1, 2, 3")),
                  (QStringList{"1|1|18412345678902", "1|1|84123457", "1|3|98100019", "1|4|98765432", "1|5|12345",
                               "1|5|4006381333931", "1|50|841234567890", "2|1|98100026"}));
-        f.cb.Calc_Check(QStringLiteral("1"), QStringLiteral("10")); // completed codes are not selected again
+        f.cb.Calc_Check(1, 10); // completed codes are not selected again
         QCOMPARE(f.db.scalar(QStringLiteral("SELECT COUNT(*) FROM Articulos_CBarras WHERE LEN(Cod_Barras) IN (9, 14) AND Cod_Articulo <> 1")).toInt(), 0);
     }
 

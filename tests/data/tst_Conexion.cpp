@@ -2,6 +2,7 @@
 #include "data/DbError.h"
 #include "data/Recordset.h"
 #include "data/SqlText.h"
+#include "data/TransactionScope.h"
 #include "support/ScriptedUi.h"
 #include "support/TdsStandIn.h"
 #include "support/TestDatabase.h"
@@ -250,6 +251,91 @@ private slots:
         QCOMPARE(c->execute(QStringLiteral("DELETE FROM Marcas WHERE Codigo = 1")), 1);
         c->commitTrans();
         QCOMPARE(db.scalar(QStringLiteral("SELECT COUNT(*) FROM Marcas WHERE Codigo = 1")).toInt(), 0);
+    }
+
+    // Transactions nest: an inner one is a savepoint of the outer one, undone alone or kept
+    // until the outer one ends.
+    void nestedTransactions_data()
+    {
+        QTest::addColumn<bool>("innerCommits");
+        QTest::addColumn<bool>("outerCommits");
+        QTest::addColumn<QStringList>("brandsLeft");
+        QTest::newRow("both commit") << true << true << QStringList{};
+        QTest::newRow("inner rolled back") << false << true << QStringList{"2"};
+        QTest::newRow("outer rolled back") << true << false << QStringList{"1", "2"};
+        QTest::newRow("both rolled back") << false << false << QStringList{"1", "2"};
+    }
+    void nestedTransactions()
+    {
+        QFETCH(bool, innerCommits);
+        QFETCH(bool, outerCommits);
+        QFETCH(QStringList, brandsLeft);
+        Testing::TestDatabase db;
+        Conexion *c = db.conexion();
+        {
+            TransactionScope outer(c);
+            c->execute(QStringLiteral("DELETE FROM Marcas WHERE Codigo = 1"));
+            {
+                TransactionScope inner(c);
+                c->execute(QStringLiteral("DELETE FROM Marcas WHERE Codigo = 2"));
+                if (innerCommits)
+                    inner.commit();
+            }
+            QVERIFY(c->inTransaction());
+            if (outerCommits)
+                outer.commit();
+        }
+        QVERIFY(!c->inTransaction());
+        QCOMPARE(db.rows(QStringLiteral("SELECT Codigo FROM Marcas WHERE Codigo IN (1, 2) ORDER BY Codigo")), brandsLeft);
+    }
+
+    // The locked read of the counters is a level of the caller's transaction: closing it keeps
+    // its writes for the caller to commit or undo, and a failure undoes only its own.
+    void lockedReadNestsInTheCallersTransaction()
+    {
+        Testing::TestDatabase db;
+        Conexion *c = db.conexion();
+        const QString before = db.fingerprint();
+        {
+            TransactionScope caller(c);
+            c->execute(QStringLiteral("DELETE FROM Marcas WHERE Codigo = 1"));
+            Recordset counter;
+            counter.openLocked(QStringLiteral("SELECT * FROM Contador_CBarras WHERE Cod_Empresa=1"), c,
+                               QStringLiteral("Contador_CBarras"), {QStringLiteral("Cod_Empresa")});
+            counter.addNew({QStringLiteral("Cod_Empresa"), QStringLiteral("Cod_Barras")}, {1, QStringLiteral("9810001")});
+            counter.close();
+            QVERIFY_THROWS_EXCEPTION(DbError, counter.openLocked(QStringLiteral("SELECT * FROM Falta"), c, QStringLiteral("Falta"),
+                                                                 {QStringLiteral("Codigo")}));
+            QVERIFY(c->inTransaction());
+            QCOMPARE(db.scalar(QStringLiteral("SELECT COUNT(*) FROM Contador_CBarras")).toInt(), 1);
+        } // the caller gives up
+        QVERIFY(!c->inTransaction());
+        QCOMPARE(db.fingerprint(), before);
+    }
+
+    // A failure that ends the whole transaction (a trigger's RAISE(ROLLBACK)) leaves nothing
+    // half done, and the outer commit says so instead of reporting success.
+    void failureThatEndsTheWholeTransaction()
+    {
+        Testing::TestDatabase db;
+        Conexion *c = db.conexion();
+        const QString before = db.fingerprint();
+        c->execute(QStringLiteral("CREATE TRIGGER fallo BEFORE DELETE ON Marcas WHEN OLD.Codigo = 2 "
+                                  "BEGIN SELECT RAISE(ROLLBACK, 'fallo inyectado'); END"));
+        TransactionScope outer(c);
+        c->execute(QStringLiteral("DELETE FROM Marcas WHERE Codigo = 1"));
+        {
+            TransactionScope inner(c);
+            QVERIFY_THROWS_EXCEPTION(DbError, c->execute(QStringLiteral("DELETE FROM Marcas WHERE Codigo = 2")));
+        }
+        try {
+            outer.commit();
+            QFAIL("committed");
+        } catch (const DbError &e) {
+            QCOMPARE(e.Description(), QStringLiteral("La transacción se deshizo entera por un error anterior: no se ha guardado nada."));
+        }
+        QVERIFY(!c->inTransaction());
+        QCOMPARE(db.fingerprint(), before);
     }
 
     void badUrlsGiveClearMessages_data()

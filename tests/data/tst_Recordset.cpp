@@ -95,6 +95,46 @@ private slots:
         QCOMPARE(db.rows(QStringLiteral("SELECT COUNT(*) FROM Articulos_CBarras WHERE Cod_Barras = '841234570' AND Cod_Articulo = 1")), QStringList{"1"});
     }
 
+    // The attack of a lone surrogate before a doubled quote and a NUL, and plainer forms: no
+    // such statement reaches the database, whichever way it is run.
+    void statementsSqlCannotHoldAreNeverPrepared_data()
+    {
+        QTest::addColumn<int>("way");
+        QTest::addColumn<QString>("bad");
+        const QString attack = QString(QChar(0xD800)) + "'' OR 1=1 " + QChar(0);
+        const char *ways[] = {"open", "openKeyset", "openLocked", "execute", "literal"};
+        for (int way = 0; way < 5; ++way) {
+            QTest::addRow("%s, attack", ways[way]) << way << attack;
+            QTest::addRow("%s, NUL", ways[way]) << way << QString(QChar(0));
+            QTest::addRow("%s, lone low surrogate", ways[way]) << way << QString(QChar(0xDC00));
+        }
+    }
+    void statementsSqlCannotHoldAreNeverPrepared()
+    {
+        QFETCH(int, way);
+        QFETCH(QString, bad);
+        Testing::TestDatabase db;
+        const QString before = db.fingerprint();
+        const QString where = QStringLiteral(" FROM Articulos_CBarras WHERE Cod_Empresa = 1 AND Cod_Barras = '") + bad + u'\'';
+        const QStringList key{QStringLiteral("Cod_Empresa"), QStringLiteral("Cod_Articulo"), QStringLiteral("Cod_Barras")};
+        Recordset rs;
+        try {
+            switch (way) {
+            case 0: rs.open(QStringLiteral("SELECT Cod_Barras") + where, db.conexion()); break;
+            case 1: rs.openKeyset(QStringLiteral("SELECT Cod_Barras") + where, db.conexion(), QStringLiteral("Articulos_CBarras"), key); break;
+            case 2: rs.openLocked(QStringLiteral("SELECT Cod_Barras") + where, db.conexion(), QStringLiteral("Articulos_CBarras"), key); break;
+            case 3: db.conexion()->execute(QStringLiteral("DELETE") + where); break;
+            default: Recordset::literal(bad); break;
+            }
+            QFAIL("run");
+        } catch (const DbError &e) {
+            QVERIFY2(e.Description().contains(QStringLiteral("contiene un carácter no válido")), qPrintable(e.Description()));
+        }
+        QVERIFY(db.statements.isEmpty());
+        QVERIFY(!db.conexion()->inTransaction());
+        QCOMPARE(db.fingerprint(), before);
+    }
+
     void literalsAreQuotedSafely()
     {
         QCOMPARE(Recordset::literal(QStringLiteral("O'BRIEN")), QStringLiteral("'O''BRIEN'"));

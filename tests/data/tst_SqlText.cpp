@@ -1,3 +1,4 @@
+#include "data/DbError.h"
 #include "data/SqlText.h"
 
 #include <QTest>
@@ -65,6 +66,56 @@ private slots:
         QFETCH(QString, text);
         QFETCH(QString, quoted);
         QCOMPARE(SqlText::texto(text), quoted);
+    }
+
+    // A literal cannot end early whatever code units the text holds: what SQL cannot store
+    // (a NUL, half a surrogate pair, U+FFFE, U+FFFF) is refused, naming its position.
+    void textSqlCannotHoldIsRefused_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("position");
+        const QChar high(0xD800), low(0xDC00), nul(0);
+        QTest::newRow("NUL") << QString(nul) << 1;
+        QTest::newRow("NUL after text") << "AB" + QString(nul) + "C" << 3;
+        QTest::newRow("lone high surrogate before quotes") << "A" + QString(high) + "'' OR 1=1 " + nul << 2;
+        QTest::newRow("lone low surrogate") << QString(low) + "''" << 1;
+        QTest::newRow("high surrogate last") << "ABC" + QString(high) << 4;
+        QTest::newRow("pair reversed") << QString(low) + high << 1;
+        QTest::newRow("noncharacter FFFF") << "A" + QString(QChar(0xFFFF)) << 2;
+        QTest::newRow("noncharacter FFFE") << QString(QChar(0xFFFE)) << 1;
+        QTest::newRow("after a valid pair") << QString::fromUcs4(U"🙂", 1) + nul << 3;
+    }
+    void textSqlCannotHoldIsRefused()
+    {
+        QFETCH(QString, text);
+        QFETCH(int, position);
+        const QString message = QStringLiteral("El texto contiene un carácter no válido en la posición %1: no se puede "
+                                               "buscar ni guardar en la base de datos.").arg(position);
+        QVERIFY(!SqlText::storable(text));
+        for (auto literal : {&SqlText::texto, &SqlText::patron}) {
+            try {
+                literal(text);
+                QFAIL("accepted");
+            } catch (const DbError &e) {
+                QCOMPARE(e.Number(), qint32(DbError::InvalidProcedureCall));
+                QCOMPARE(e.Description(), message);
+            }
+        }
+    }
+
+    void textSqlCanHoldIsKept_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("valid pairs") << QString::fromUcs4(U"🙂\U0010FFFF", 2);
+        QTest::newRow("control characters") << "A\tB\r\n\x01\x1B\x7F";
+        QTest::newRow("byte order mark inside and first") << QString(QChar(0xFEFF)) + "A" + QChar(0xFEFF);
+        QTest::newRow("other noncharacters") << QString(QChar(0xFDD0)) + QChar(0xFFFD);
+    }
+    void textSqlCanHoldIsKept()
+    {
+        QFETCH(QString, text);
+        QVERIFY(SqlText::storable(text));
+        QCOMPARE(SqlText::texto(text), text);
     }
 
     void searchPatterns_data()

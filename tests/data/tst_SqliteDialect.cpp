@@ -75,25 +75,37 @@ private slots:
         QCOMPARE(SqliteDialect::adapt(tsql), sqlite);
     }
 
-    void statementCutShortIsAnError_data()
+    // A statement cut short where it is rewritten, or holding text that is not valid UTF-16
+    // or a NUL, is a DbError: never a crash, never passed on unadapted.
+    void unadaptableStatementIsAnError_data()
     {
         QTest::addColumn<QString>("tsql");
-        QTest::newRow("TOP (") << "SELECT TOP (";
-        QTest::newRow("TOP(") << "SELECT TOP(";
-        QTest::newRow("TOP at the end") << "SELECT DISTINCT TOP ";
-        QTest::newRow("unclosed") << "SELECT TOP (5";
-        QTest::newRow("not closed by a parenthesis") << "SELECT TOP (5 A FROM T";
-        QTest::newRow("not a number") << "SELECT TOP A FROM T";
-        QTest::newRow("in a subquery") << "SELECT A FROM T WHERE A = (SELECT TOP (";
+        QTest::addColumn<QString>("message");
+        const QString top = QStringLiteral("TOP"), invalid = QStringLiteral("La instrucción SQL contiene un carácter no válido");
+        QTest::newRow("TOP (") << "SELECT TOP (" << top;
+        QTest::newRow("TOP(") << "SELECT TOP(" << top;
+        QTest::newRow("TOP at the end") << "SELECT DISTINCT TOP " << top;
+        QTest::newRow("unclosed") << "SELECT TOP (5" << top;
+        QTest::newRow("not closed by a parenthesis") << "SELECT TOP (5 A FROM T" << top;
+        QTest::newRow("not a number") << "SELECT TOP A FROM T" << top;
+        QTest::newRow("in a subquery") << "SELECT A FROM T WHERE A = (SELECT TOP (" << top;
+        const QString high(QChar(0xD800)), low(QChar(0xDC00)), nul(QChar(0));
+        QTest::newRow("lone high surrogate with ISNULL") << "SELECT ISNULL(a,'') FROM T WHERE b = '" + high + "'" << invalid;
+        QTest::newRow("lone low surrogate with TOP") << "SELECT TOP 1 a FROM T WHERE b = '" + low + "'" << invalid;
+        QTest::newRow("NUL with LIKE") << "SELECT a FROM T WHERE b like 'A" + nul + "%'" << invalid;
+        QTest::newRow("NUL in a plain lookup") << "SELECT a FROM T WHERE b = 'A" + nul + "'" << invalid;
+        QTest::newRow("surrogate before a quote") << "SELECT a FROM T WHERE b = '" + high + "'''" << invalid;
+        QTest::newRow("noncharacter") << "SELECT a FROM T WHERE b = '" + QString(QChar(0xFFFF)) + "'" << invalid;
     }
-    void statementCutShortIsAnError()
+    void unadaptableStatementIsAnError()
     {
         QFETCH(QString, tsql);
+        QFETCH(QString, message);
         try {
             SqliteDialect::adapt(tsql);
             QFAIL("adapted");
         } catch (const DbError &e) {
-            QVERIFY2(e.Description().contains(QLatin1String("TOP")), qPrintable(e.Description()));
+            QVERIFY2(e.Description().contains(message), qPrintable(e.Description()));
         }
     }
 

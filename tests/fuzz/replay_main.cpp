@@ -9,32 +9,29 @@
 #include <vector>
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size);
+extern "C" __attribute__((weak)) int LLVMFuzzerInitialize(int *argc, char ***argv);
 
 int main(int argc, char **argv)
 {
-    namespace fs = std::filesystem;
-    std::vector<fs::path> inputs;
+    if (LLVMFuzzerInitialize)
+        LLVMFuzzerInitialize(&argc, &argv);
+    std::vector<std::filesystem::path> files;
     for (int i = 1; i < argc; ++i) {
-        const fs::path arg(argv[i]);
-        if (fs::is_directory(arg)) {
-            for (const auto &entry : fs::directory_iterator(arg))
+        if (std::filesystem::is_directory(argv[i])) {
+            for (const auto &entry : std::filesystem::directory_iterator(argv[i]))
                 if (entry.is_regular_file())
-                    inputs.push_back(entry.path());
+                    files.push_back(entry.path());
         } else {
-            inputs.push_back(arg);
+            files.emplace_back(argv[i]);
         }
     }
-    std::sort(inputs.begin(), inputs.end());
-    if (inputs.empty()) {
-        std::fprintf(stderr, "no inputs to replay\n");
-        return 1;
+    std::sort(files.begin(), files.end());
+    for (const auto &file : files) {
+        std::ifstream in(file, std::ios::binary);
+        const std::vector<uint8_t> data{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+        std::fprintf(stderr, "%s\n", file.filename().c_str());
+        LLVMFuzzerTestOneInput(data.data(), data.size());
     }
-    for (const fs::path &path : inputs) {
-        std::ifstream file(path, std::ios::binary);
-        const std::vector<char> bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-        std::fprintf(stderr, "%s (%zu bytes)\n", path.filename().c_str(), bytes.size());
-        LLVMFuzzerTestOneInput(reinterpret_cast<const uint8_t *>(bytes.data()), bytes.size());
-    }
-    std::printf("replayed %zu inputs\n", inputs.size());
-    return 0;
+    std::printf("%zu inputs replayed\n", files.size());
+    return files.empty() ? 1 : 0;
 }

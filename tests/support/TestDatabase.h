@@ -30,6 +30,10 @@ public:
     QStringList rows(const QString &sql) const;
     /// A fingerprint of every table (row counts and a checksum of the rows).
     QString fingerprint() const;
+    /// Every row of every table as "table|a|b|c", in a stable order.
+    QStringList snapshot() const;
+    /// How many rows differ between two snapshots (an updated row counts once).
+    static int changedRows(const QStringList &before, const QStringList &after);
 
 private:
     QTemporaryDir m_dir;
