@@ -160,6 +160,28 @@ void Conexion::prepareSqlite()
     // handed out as open.
     if (!q.exec(QStringLiteral("SELECT COUNT(*) FROM sqlite_master")) || !q.next())
         throw DbError::fromSql(q.lastError());
+    rebuildTextIndexes();
+}
+
+// Indexes on text columns are kept in the collation's order. A file last indexed under an
+// earlier order (its user_version below the collation's) has them rebuilt once, so that
+// seeks and sorts agree; a read-only file is left as it is.
+void Conexion::rebuildTextIndexes()
+{
+    QSqlQuery q(database());
+    if (m_readOnly || !q.exec(QStringLiteral("PRAGMA user_version")) || !q.next()
+        || q.value(0).toInt() >= SqliteDialect::kCollationVersion)
+        return;
+    q.finish();
+    beginTrans();
+    try {
+        run(QStringLiteral("REINDEX MODERN_SPANISH_CI_AS"));
+        run(QStringLiteral("PRAGMA user_version = %1").arg(SqliteDialect::kCollationVersion));
+        commitTrans();
+    } catch (const DbError &) {
+        rollbackTrans();
+        throw;
+    }
 }
 
 Conexion *Conexion::open(const QString &urlText, QObject *parent)
@@ -335,6 +357,7 @@ int Conexion::execute(const QString &tsql)
         throw DbError(DbError::ProviderError, QStringLiteral("La conexión con la base de datos está cerrada."));
     requireWritable();
     QSqlQuery q(db);
+    q.setForwardOnly(true); // a write needs no cursor (FreeTDS would open a server cursor for it)
     if (!q.exec(statement))
         throw DbError::fromSql(q.lastError());
     return q.numRowsAffected();

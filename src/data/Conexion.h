@@ -109,6 +109,7 @@ private:
     Conexion(Dialect dialect, const QString &connectionName, QObject *parent);
     void prepareSqlite();
     void requireWritable() const;
+    void rebuildTextIndexes();
     void prepareSqlServer();
     void run(const QString &sql);
     void outermost(const QString &sqlite, bool (QSqlDatabase::*driverCall)());

@@ -21,6 +21,10 @@ namespace Varnel_Controles {
 class SqliteDialect
 {
 public:
+    /// The version of the collation's order; files indexed under a lower one are reindexed
+    /// when opened (their user_version records the order their indexes follow).
+    static constexpr int kCollationVersion = 2;
+
     /// The statement as SQLite runs it. Throws DbError for a statement holding text SQL cannot
     /// store (a NUL, half a surrogate pair, U+FFFE, U+FFFF): such a statement is never passed on;
     /// and for a statement cut short where it is rewritten (TOP without its number).

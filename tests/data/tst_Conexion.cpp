@@ -2,6 +2,7 @@
 #include "data/DbError.h"
 #include "data/Recordset.h"
 #include "data/SqlText.h"
+#include "data/SqliteDialect.h"
 #include "data/TransactionScope.h"
 #include "support/ScriptedUi.h"
 #include "support/TdsStandIn.h"
@@ -14,11 +15,13 @@
 #include <QSet>
 #include <QTcpServer>
 #include <QSqlDatabase>
+#include <QSqlDriver>
 #include <QSqlQuery>
 #include <QTemporaryDir>
 #include <QTest>
 #include <unistd.h>
 #include <memory>
+#include <sqlite3.h>
 
 using namespace Varnel_Controles;
 
@@ -111,6 +114,37 @@ private slots:
                                                        "y vuelva a intentarlo."));
         other->rollbackTrans();
         delete other;
+    }
+
+    void indexesBuiltUnderAnotherOrderAreRebuilt()
+    {
+        QTemporaryDir dir;
+        const QString path = seededCopy(dir.path());
+        {   // another program indexed the names in the reverse order and left user_version 0
+            QSqlDatabase raw = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("raw"));
+            raw.setDatabaseName(path);
+            QVERIFY(raw.open());
+            sqlite3 *handle = *static_cast<sqlite3 *const *>(raw.driver()->handle().constData());
+            sqlite3_create_collation(handle, "MODERN_SPANISH_CI_AS", SQLITE_UTF8, nullptr,
+                                     [](void *, int n1, const void *s1, int n2, const void *s2) {
+                                         return -QByteArray::fromRawData(static_cast<const char *>(s1), n1)
+                                                     .compare(QByteArray::fromRawData(static_cast<const char *>(s2), n2));
+                                     });
+            QSqlQuery q(raw);
+            QVERIFY(q.exec(QStringLiteral("REINDEX MODERN_SPANISH_CI_AS")));
+            QVERIFY(q.exec(QStringLiteral("PRAGMA user_version = 0")));
+            q = QSqlQuery();
+            raw.close();
+        }
+        QSqlDatabase::removeDatabase(QStringLiteral("raw"));
+        std::unique_ptr<Conexion> conexion(Conexion::open(QStringLiteral("sqlite:") + path));
+        Recordset rs; // the order comes from the name index
+        rs.open(QStringLiteral("SELECT Nombre FROM Marcas ORDER BY Nombre"), conexion.get());
+        QCOMPARE(rs.text(QStringLiteral("Nombre")), QStringLiteral("ABADÍA"));
+        rs.close();
+        QSqlQuery version(QStringLiteral("PRAGMA user_version"), conexion->database());
+        QVERIFY(version.next());
+        QCOMPARE(version.value(0).toInt(), SqliteDialect::kCollationVersion);
     }
 
     void openingUnderAnExclusiveLockFails()
