@@ -5,6 +5,7 @@
 #include <QTest>
 
 using namespace Varnel_Controles;
+using namespace Qt::StringLiterals;
 
 class tst_Recordset : public QObject
 {
@@ -15,37 +16,29 @@ private slots:
     {
         Testing::TestDatabase db;
         Recordset rs;
-        rs.open(QStringLiteral("SELECT Codigo, Nombre, Nombre_Comercial FROM Proveedores WHERE Cod_Empresa =1 AND Codigo < 3 ORDER BY Codigo"),
+        rs.open(u"SELECT Nombre FROM Proveedores WHERE Cod_Empresa =1 AND Codigo = 777"_s, db.conexion());
+        QVERIFY(rs.eof()); // an empty result is at its end at once
+        rs.open(u"SELECT Codigo, Nombre_Comercial FROM Proveedores WHERE Cod_Empresa =1 AND Codigo < 3 ORDER BY Codigo"_s,
                 db.conexion());
-        QVERIFY(rs.isOpen());
-        QVERIFY(!rs.eof());
-        QCOMPARE(rs.field(QStringLiteral("Codigo")).toInt(), 1);
-        QCOMPARE(rs.text(QStringLiteral("Nombre_Comercial")), QStringLiteral("IBERTEX"));
+        QCOMPARE(rs.field(u"Codigo"_s).toInt(), 1);
+        QCOMPARE(rs.text(u"Nombre_Comercial"_s), u"IBERTEX"_s);
         rs.moveNext();
-        QVERIFY(rs.field(QStringLiteral("Nombre_Comercial")).isNull());
+        QVERIFY(rs.field(u"Nombre_Comercial"_s).isNull());
         rs.moveNext();
         QVERIFY(rs.eof());
         rs.close();
         QVERIFY(!rs.isOpen());
     }
 
-    void emptyResultIsAtEndAtOnce()
-    {
-        Testing::TestDatabase db;
-        Recordset rs;
-        rs.open(QStringLiteral("SELECT Nombre FROM Proveedores WHERE Cod_Empresa =1 AND Codigo = 777"), db.conexion());
-        QVERIFY(rs.eof());
-    }
-
     void misusesAreErrorsNotCrashes_data()
     {
         QTest::addColumn<int>("step");
-        QTest::addColumn<int>("number");
+        QTest::addColumn<int>("number"); // 0: the driver's own number
         QTest::newRow("NULL read as text") << 0 << int(DbError::InvalidUseOfNull);
         QTest::newRow("unknown column") << 1 << int(DbError::ProviderError);
         QTest::newRow("read past the end") << 2 << int(DbError::ProviderError);
         QTest::newRow("write to a read-only result") << 3 << int(DbError::ProviderError);
-        QTest::newRow("bad statement") << 4 << 0; // the driver's own number
+        QTest::newRow("bad statement") << 4 << 0;
         QTest::newRow("no connection") << 5 << int(DbError::ObjectNotSet);
     }
     void misusesAreErrorsNotCrashes()
@@ -55,44 +48,43 @@ private slots:
         Testing::TestDatabase db;
         Recordset rs;
         try {
-            if (step == 5) {
-                rs.open(QStringLiteral("SELECT 1"), nullptr);
-            } else if (step == 4) {
-                rs.open(QStringLiteral("SELECT Nombre FROM NoExiste"), db.conexion());
-            } else {
-                rs.open(QStringLiteral("SELECT Nombre_Comercial FROM Proveedores WHERE Cod_Empresa =1 AND Codigo = 2"), db.conexion());
-                if (step == 0) rs.text(QStringLiteral("Nombre_Comercial"));
-                if (step == 1) rs.field(QStringLiteral("Nombre"));
-                if (step == 2) { rs.moveNext(); rs.field(QStringLiteral("Nombre_Comercial")); }
-                if (step == 3) rs.setField(QStringLiteral("Nombre_Comercial"), QStringLiteral("X"));
+            rs.open(u"SELECT Nombre_Comercial FROM Proveedores WHERE Cod_Empresa =1 AND Codigo = 2"_s, db.conexion());
+            switch (step) {
+            case 0: rs.text(u"Nombre_Comercial"_s); break;
+            case 1: rs.field(u"Nombre"_s); break;
+            case 2:
+                rs.moveNext();
+                rs.field(u"Nombre_Comercial"_s);
+                break;
+            case 3: rs.setField(u"Nombre_Comercial"_s, u"X"_s); break;
+            case 4: rs.open(u"SELECT Nombre FROM NoExiste"_s, db.conexion()); break;
+            default: rs.open(u"SELECT 1"_s, nullptr); break;
             }
             QFAIL("no error");
         } catch (const DbError &e) {
-            if (number != 0)
-                QCOMPARE(e.Number(), number);
-            QVERIFY(e.Number() != 0);
-            QVERIFY(!e.Description().isEmpty());
+            QCOMPARE(e.Number(), number ? number : e.Number());
+            QVERIFY(e.Number() != 0 && !e.Description().isEmpty());
         }
     }
 
     void keysetRowsAreWrittenBackByTheirKey()
     {
         Testing::TestDatabase db;
-        db.conexion()->execute(QStringLiteral("UPDATE Articulos_CBarras SET Cod_Barras = ' 84123457 ' WHERE Cod_Barras = '84123457'"));
+        db.conexion()->execute(u"UPDATE Articulos_CBarras SET Cod_Barras = ' 84123457 ' WHERE Cod_Barras = '84123457'"_s);
         db.statements.clear();
         Recordset rs;
-        rs.openKeyset(QStringLiteral("SELECT LTRIM(RTRIM(Cod_Barras)) AS Cod_Barras FROM Articulos_CBarras WHERE Cod_Empresa =1 AND Cod_Articulo = 1 AND LEN(Cod_Barras) = 9"),
-                      db.conexion(), QStringLiteral("Articulos_CBarras"),
-                      {QStringLiteral("Cod_Empresa"), QStringLiteral("Cod_Articulo"), QStringLiteral("Cod_Barras")});
+        rs.openKeyset(u"SELECT LTRIM(RTRIM(Cod_Barras)) AS Cod_Barras FROM Articulos_CBarras WHERE Cod_Empresa =1 "
+                      "AND Cod_Articulo = 1 AND LEN(Cod_Barras) = 9"_s,
+                      db.conexion(), u"Articulos_CBarras"_s, {u"Cod_Empresa"_s, u"Cod_Articulo"_s, u"Cod_Barras"_s});
         QCOMPARE(rs.fieldNames(), QStringList{"Cod_Barras"});
-        QCOMPARE(rs.text(QStringLiteral("Cod_Barras")), QStringLiteral("84123457"));
-        rs.setField(QStringLiteral("Cod_Barras"), QStringLiteral("841234570"));
+        QCOMPARE(rs.text(u"Cod_Barras"_s), u"84123457"_s);
+        rs.setField(u"Cod_Barras"_s, u"841234570"_s);
         rs.update();
         rs.moveNext();
         QVERIFY(rs.eof());
-        rs.close();
-        QCOMPARE(db.statements.last(), QStringLiteral("UPDATE Articulos_CBarras SET Cod_Barras = '841234570' WHERE Cod_Empresa = 1 AND Cod_Articulo = 1 AND Cod_Barras = ' 84123457 '"));
-        QCOMPARE(db.rows(QStringLiteral("SELECT COUNT(*) FROM Articulos_CBarras WHERE Cod_Barras = '841234570' AND Cod_Articulo = 1")), QStringList{"1"});
+        QCOMPARE(db.statements.last(), u"UPDATE Articulos_CBarras SET Cod_Barras = '841234570' WHERE Cod_Empresa = 1 "
+                                       "AND Cod_Articulo = 1 AND Cod_Barras = ' 84123457 '"_s);
+        QCOMPARE(db.rows(u"SELECT Cod_Articulo FROM Articulos_CBarras WHERE Cod_Barras = '841234570'"_s), QStringList{"1"});
     }
 
     // The attack of a lone surrogate before a doubled quote and a NUL, and plainer forms: no
@@ -115,20 +107,20 @@ private slots:
         QFETCH(QString, bad);
         Testing::TestDatabase db;
         const QString before = db.fingerprint();
-        const QString where = QStringLiteral(" FROM Articulos_CBarras WHERE Cod_Empresa = 1 AND Cod_Barras = '") + bad + u'\'';
-        const QStringList key{QStringLiteral("Cod_Empresa"), QStringLiteral("Cod_Articulo"), QStringLiteral("Cod_Barras")};
+        const QString where = u" FROM Articulos_CBarras WHERE Cod_Empresa = 1 AND Cod_Barras = '"_s + bad + u'\'';
+        const QString table = u"Articulos_CBarras"_s;
         Recordset rs;
         try {
             switch (way) {
-            case 0: rs.open(QStringLiteral("SELECT Cod_Barras") + where, db.conexion()); break;
-            case 1: rs.openKeyset(QStringLiteral("SELECT Cod_Barras") + where, db.conexion(), QStringLiteral("Articulos_CBarras"), key); break;
-            case 2: rs.openLocked(QStringLiteral("SELECT Cod_Barras") + where, db.conexion(), QStringLiteral("Articulos_CBarras"), key); break;
-            case 3: db.conexion()->execute(QStringLiteral("DELETE") + where); break;
+            case 0: rs.open("SELECT Cod_Barras" + where, db.conexion()); break;
+            case 1: rs.openKeyset("SELECT Cod_Barras" + where, db.conexion(), table, {u"Cod_Barras"_s}); break;
+            case 2: rs.openLocked("SELECT Cod_Barras" + where, db.conexion(), table, {u"Cod_Barras"_s}); break;
+            case 3: db.conexion()->execute("DELETE" + where); break;
             default: Recordset::literal(bad); break;
             }
             QFAIL("run");
         } catch (const DbError &e) {
-            QVERIFY2(e.Description().contains(QStringLiteral("contiene un carácter no válido")), qPrintable(e.Description()));
+            QVERIFY2(e.Description().contains(u"contiene un carácter no válido"_s), qPrintable(e.Description()));
         }
         QVERIFY(db.statements.isEmpty());
         QVERIFY(!db.conexion()->inTransaction());
@@ -137,10 +129,9 @@ private slots:
 
     void literalsAreQuotedSafely()
     {
-        QCOMPARE(Recordset::literal(QStringLiteral("O'BRIEN")), QStringLiteral("'O''BRIEN'"));
-        QCOMPARE(Recordset::literal(QVariant(true)), QStringLiteral("1"));
-        QCOMPARE(Recordset::literal(QVariant(12)), QStringLiteral("12"));
-        QCOMPARE(Recordset::literal(QVariant()), QStringLiteral("NULL"));
+        QCOMPARE(Recordset::literal(u"O'BRIEN"_s), u"'O''BRIEN'"_s);
+        QCOMPARE(Recordset::literal(QVariant(true)), u"1"_s);
+        QCOMPARE(Recordset::literal(QVariant()), u"NULL"_s);
     }
 };
 

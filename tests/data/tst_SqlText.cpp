@@ -10,62 +10,46 @@ class tst_SqlText : public QObject
     Q_OBJECT
 
 private slots:
-    void supplierStatementOfTheExample()
+    // Codes by the value of their leading digits; text between apostrophes, each of its own
+    // apostrophes doubled and otherwise exactly as typed; search filters as LIKE patterns.
+    void valuesAsWritten_data()
     {
-        const QString sql = QStringLiteral("SELECT Nombre FROM Proveedores WHERE Cod_Empresa =") + SqlText::empresa(1)
-            + QStringLiteral(" AND Codigo =") + SqlText::codigo(QStringLiteral("123"));
-        QCOMPARE(sql, QStringLiteral("SELECT Nombre FROM Proveedores WHERE Cod_Empresa =1 AND Codigo = 123"));
-    }
-
-    void typedCodes_data()
-    {
-        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("builder");
+        QTest::addColumn<QString>("input");
         QTest::addColumn<QString>("sql");
-        QTest::newRow("plain") << "123" << " 123";
-        QTest::newRow("leading zeros") << "0012" << " 12";
-        QTest::newRow("no digits") << "ABC" << " 0";
-        QTest::newRow("empty") << "" << " 0";
-        QTest::newRow("digits then text") << "45; DROP" << " 45";
-        QTest::newRow("negative") << "-7" << "-7";
+        const QString plain = QStringLiteral("ÑANDÚ Ελλάδα 日本 🙂 ; -- /* */ % _ [x] \" \\");
+        const QString kept = QString::fromUcs4(U"🙂\U0010FFFF\uFEFFA\uFEFF\uFDD0\uFFFD", 7) + "\t\r\n\x01\x1B\x7F";
+        QTest::newRow("code with leading zeros") << "codigo" << "0012" << " 12";
+        QTest::newRow("code without leading digits") << "codigo" << "A45; DROP" << " 0";
+        QTest::newRow("negative code") << "codigo" << "-7" << "-7";
+        QTest::newRow("number") << "numero" << "4711" << " 4711";
+        QTest::newRow("text without apostrophes") << "texto" << plain << plain;
+        QTest::newRow("pairs, controls, BOM, other noncharacters") << "texto" << kept << kept;
+        QTest::newRow("apostrophe inside") << "texto" << "O'BRIEN" << "O''BRIEN";
+        QTest::newRow("apostrophe last") << "texto" << "A'" << "A''";
+        QTest::newRow("already doubled") << "texto" << "''" << "''''";
+        QTest::newRow("injection") << "texto" << "'; DELETE FROM Articulos; --" << "''; DELETE FROM Articulos; --";
+        QTest::newRow("prefix filter") << "patron" << "PAR" << "PAR%";
+        QTest::newRow("contains filter") << "patron" << "*PAR" << "%PAR%";
+        QTest::newRow("star inside") << "patron" << "A*B" << "A%B%";
+        QTest::newRow("star already last") << "patron" << "AB*" << "AB%";
+        QTest::newRow("empty filter") << "patron" << "" << "%";
+        QTest::newRow("filter with apostrophe") << "patron" << "O'B" << "O''B%";
     }
-    void typedCodes()
+    void valuesAsWritten()
     {
-        QFETCH(QString, typed);
+        QFETCH(QString, builder);
+        QFETCH(QString, input);
         QFETCH(QString, sql);
-        QCOMPARE(SqlText::codigo(typed), sql);
-    }
-
-    void textWithoutApostropheIsUnchanged_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::newRow("ascii") << "AB-1234";
-        QTest::newRow("spanish") << "ÑANDÚ ÁGUILA ÇÜ";
-        QTest::newRow("symbols") << "; -- /* */ % _ [x] \" \\";
-        QTest::newRow("other scripts") << "日本 Ελλάδα 🙂";
-        QTest::newRow("empty") << "";
-    }
-    void textWithoutApostropheIsUnchanged()
-    {
-        QFETCH(QString, text);
-        QCOMPARE(SqlText::texto(text), text);
-    }
-
-    void apostrophesAreDoubled_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("quoted");
-        QTest::newRow("inside") << "O'BRIEN" << "O''BRIEN";
-        QTest::newRow("first") << "'A" << "''A";
-        QTest::newRow("last") << "A'" << "A''";
-        QTest::newRow("alone") << "'" << "''";
-        QTest::newRow("injection") << "'; DELETE FROM Articulos; --" << "''; DELETE FROM Articulos; --";
-        QTest::newRow("already doubled") << "''" << "''''";
-    }
-    void apostrophesAreDoubled()
-    {
-        QFETCH(QString, text);
-        QFETCH(QString, quoted);
-        QCOMPARE(SqlText::texto(text), quoted);
+        if (builder == QLatin1String("codigo"))
+            QCOMPARE(SqlText::codigo(input), sql);
+        else if (builder == QLatin1String("numero"))
+            QCOMPARE(SqlText::numero(input.toDouble()), sql);
+        else if (builder == QLatin1String("patron"))
+            QCOMPARE(SqlText::patron(input), sql);
+        else
+            QCOMPARE(SqlText::texto(input), sql);
+        QVERIFY(SqlText::storable(input));
     }
 
     // A literal cannot end early whatever code units the text holds: what SQL cannot store
@@ -89,8 +73,6 @@ private slots:
     {
         QFETCH(QString, text);
         QFETCH(int, position);
-        const QString message = QStringLiteral("El texto contiene un carácter no válido en la posición %1: no se puede "
-                                               "buscar ni guardar en la base de datos.").arg(position);
         QVERIFY(!SqlText::storable(text));
         for (auto literal : {&SqlText::texto, &SqlText::patron}) {
             try {
@@ -98,50 +80,11 @@ private slots:
                 QFAIL("accepted");
             } catch (const DbError &e) {
                 QCOMPARE(e.Number(), qint32(DbError::InvalidProcedureCall));
-                QCOMPARE(e.Description(), message);
+                QCOMPARE(e.Description(), QStringLiteral("El texto contiene un carácter no válido en la posición %1: "
+                                                         "no se puede buscar ni guardar en la base de datos.")
+                                              .arg(position));
             }
         }
-    }
-
-    void textSqlCanHoldIsKept_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::newRow("valid pairs") << QString::fromUcs4(U"🙂\U0010FFFF", 2);
-        QTest::newRow("control characters") << "A\tB\r\n\x01\x1B\x7F";
-        QTest::newRow("byte order mark inside and first") << QString(QChar(0xFEFF)) + "A" + QChar(0xFEFF);
-        QTest::newRow("other noncharacters") << QString(QChar(0xFDD0)) + QChar(0xFFFD);
-    }
-    void textSqlCanHoldIsKept()
-    {
-        QFETCH(QString, text);
-        QVERIFY(SqlText::storable(text));
-        QCOMPARE(SqlText::texto(text), text);
-    }
-
-    void searchPatterns_data()
-    {
-        QTest::addColumn<QString>("filter");
-        QTest::addColumn<QString>("pattern");
-        QTest::newRow("prefix") << "PAR" << "PAR%";
-        QTest::newRow("contains") << "*PAR" << "%PAR%";
-        QTest::newRow("inside") << "A*B" << "A%B%";
-        QTest::newRow("already last") << "AB*" << "AB%";
-        QTest::newRow("empty") << "" << "%";
-        QTest::newRow("apostrophe") << "O'B" << "O''B%";
-    }
-    void searchPatterns()
-    {
-        QFETCH(QString, filter);
-        QFETCH(QString, pattern);
-        QCOMPARE(SqlText::patron(filter), pattern);
-    }
-
-    void numbersAndBits()
-    {
-        QCOMPARE(SqlText::empresa(12), QStringLiteral("12"));
-        QCOMPARE(SqlText::numero(4711), QStringLiteral(" 4711"));
-        QCOMPARE(SqlText::bit(true), QStringLiteral("1"));
-        QCOMPARE(SqlText::bit(false), QStringLiteral("0"));
     }
 };
 

@@ -1,13 +1,13 @@
-#include "data/DbError.h"
 #include "data/FechaSQL.h"
 #include "data/Recordset.h"
 #include "data/SqliteDialect.h"
+#include "support/DbErrorOf.h"
 #include "support/TestDatabase.h"
 
-#include <QSqlQuery>
 #include <QTest>
 
 using namespace Varnel_Controles;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -17,22 +17,13 @@ QStringList run(Conexion *c, const QString &sql)
     Recordset rs;
     rs.open(sql, c);
     QStringList out;
-    const QStringList names = rs.fieldNames();
-    while (!rs.eof()) {
+    for (; !rs.eof(); rs.moveNext()) {
         QStringList cells;
-        for (const QString &n : names)
-            cells << (rs.field(n).isNull() ? QStringLiteral("NULL") : rs.text(n));
+        for (const QString &n : rs.fieldNames())
+            cells << (rs.field(n).isNull() ? u"NULL"_s : rs.text(n));
         out << cells.join(u'|');
-        rs.moveNext();
     }
     return out;
-}
-
-// Brands whose names hold hyphens and underscores, codes from 100.
-void addBrands(Testing::TestDatabase &db)
-{
-    db.conexion()->execute(QStringLiteral("INSERT INTO Marcas (Codigo, Nombre) VALUES (100, 'ABD'), (101, 'ABXC'), (102, 'AB-C'), "
-                                          "(103, 'ABB'), (104, 'AB_C'), (105, 'ABC'), (106, 'AB-C-2'), (107, '-OFERTA-')"));
 }
 
 } // namespace
@@ -42,71 +33,55 @@ class tst_SqliteDialect : public QObject
     Q_OBJECT
 
 private slots:
-    void rewrites_data()
+    // A statement is rewritten for SQLite, or refused with a DbError when it is cut short where
+    // it is rewritten or holds text SQL cannot store: never a crash, never passed on unadapted.
+    void adapt_data()
     {
         QTest::addColumn<QString>("tsql");
         QTest::addColumn<QString>("sqlite");
-        QTest::newRow("isnull") << "SELECT ISNULL(b.X,'') AS X, IsNull(Max(C), 0)"
-                                << "SELECT IFNULL(b.X,'') AS X, IFNULL(Max(C), 0)";
-        QTest::newRow("top") << "SELECT TOP 1 * FROM T ORDER BY A" << "SELECT * FROM T ORDER BY A LIMIT 1";
-        QTest::newRow("top in parentheses") << "SELECT TOP (3) A FROM T" << "SELECT A FROM T LIMIT 3";
-        QTest::newRow("top in subquery")
-            << "SELECT * FROM T WHERE A = (SELECT TOP 1 A FROM T WHERE A > 3 ORDER BY A ASC) ORDER BY B"
-            << "SELECT * FROM T WHERE A = (SELECT A FROM T WHERE A > 3 ORDER BY A ASC LIMIT 1) ORDER BY B";
-        QTest::newRow("convert") << "REPLACE(CONVERT(VARCHAR,ISNULL(d.Pvp,0)),'.',',')"
-                                 << "REPLACE(TSQL_VARCHAR(IFNULL(d.Pvp,0)),'.',',')";
-        QTest::newRow("prefix like gains a range")
-            << "WHERE (Nombre like 'AB%')"
-            << QStringLiteral("WHERE ((Nombre >= 'AB' AND Nombre < 'AB") + QString::fromUcs4(U"\U0010FFFF", 1) + "' AND Nombre like 'AB%'))";
-        QTest::newRow("qualified column") << "AND a.Ref LIKE 'X_1'"
-                                          << QStringLiteral("AND (a.Ref >= 'X' AND a.Ref < 'X") + QString::fromUcs4(U"\U0010FFFF", 1) + "' AND a.Ref LIKE 'X_1')";
-        QTest::newRow("contains like unchanged") << "WHERE Nombre like '%AB%'" << "WHERE Nombre like '%AB%'";
-        QTest::newRow("words in literals untouched") << "SELECT 'TOP 1 ISNULL(' AS X" << "SELECT 'TOP 1 ISNULL(' AS X";
-        QTest::newRow("short date") << "AND Fecha_Inicial <=' 21/11/2026'" << "AND Fecha_Inicial <='2026-11-21'";
-        QTest::newRow("service date") << "WHERE Fecha = '2026-11-21T00:00:00'" << "WHERE Fecha = '2026-11-21'";
-        QTest::newRow("date in insert")
-            << "INSERT INTO T (A, Fecha, Ref) VALUES ('01/02/2008', ' 1/2/2008', '01/02/2008')"
-            << "INSERT INTO T (A, Fecha, Ref) VALUES ('01/02/2008', '2008-02-01', '01/02/2008')";
+        const auto row = [](const char *name, const QString &tsql, const QString &sqlite) {
+            QTest::newRow(name) << tsql << sqlite;
+        };
+        const QString max = QString::fromUcs4(U"\U0010FFFF", 1), high(QChar(0xD800)), nul(QChar(0));
+        const QString top = u"Instrucción SQL mal formada: falta el número de filas detrás de TOP."_s;
+        const QString bad = u"La instrucción SQL contiene un carácter no válido en la posición %1: no se ha "
+                            "ejecutado."_s;
+        row("isnull", "SELECT ISNULL(b.X,''), IsNull(Max(C), 0)", "SELECT IFNULL(b.X,''), IFNULL(Max(C), 0)");
+        row("top", "SELECT TOP 1 * FROM T ORDER BY A", "SELECT * FROM T ORDER BY A LIMIT 1");
+        row("top in parentheses", "SELECT TOP (3) A FROM T", "SELECT A FROM T LIMIT 3");
+        row("top in subquery", "WHERE A = (SELECT TOP 1 A FROM T WHERE A > 3 ORDER BY A) ORDER BY B",
+            "WHERE A = (SELECT A FROM T WHERE A > 3 ORDER BY A LIMIT 1) ORDER BY B");
+        row("convert", "REPLACE(CONVERT(VARCHAR,ISNULL(Pvp,0)),'.',',')", "REPLACE(TSQL_VARCHAR(IFNULL(Pvp,0)),'.',',')");
+        row("prefix like gains a range", "WHERE (Nombre like 'AB%')",
+            "WHERE ((Nombre >= 'AB' AND Nombre < 'AB" + max + "' AND Nombre like 'AB%'))");
+        row("qualified column", "AND a.Ref LIKE 'X_1'",
+            "AND (a.Ref >= 'X' AND a.Ref < 'X" + max + "' AND a.Ref LIKE 'X_1')");
+        row("contains like unchanged", "WHERE Nombre like '%AB%'", "WHERE Nombre like '%AB%'");
+        row("words in literals untouched", "SELECT 'TOP 1 ISNULL(' AS X", "SELECT 'TOP 1 ISNULL(' AS X");
+        row("short date", "AND Fecha_Inicial <=' 21/11/2026'", "AND Fecha_Inicial <='2026-11-21'");
+        row("service date", "WHERE Fecha = '2026-11-21T00:00:00'", "WHERE Fecha = '2026-11-21'");
+        row("date in insert", "INSERT INTO T (A, Fecha, Ref) VALUES ('01/02/2008', ' 1/2/2008', '01/02/2008')",
+            "INSERT INTO T (A, Fecha, Ref) VALUES ('01/02/2008', '2008-02-01', '01/02/2008')");
+        row("TOP ( at the end", "SELECT TOP (", top);
+        row("TOP at the end", "SELECT DISTINCT TOP ", top);
+        row("TOP unclosed", "SELECT TOP (5", top);
+        row("TOP not closed by a parenthesis", "SELECT TOP (5 A FROM T", top);
+        row("TOP not a number", "SELECT TOP A FROM T", top);
+        row("TOP( in a subquery", "SELECT A FROM T WHERE A = (SELECT TOP(", top);
+        row("lone high surrogate with ISNULL", "SELECT ISNULL(a,'') WHERE b = '" + high + "'", bad.arg(32));
+        row("lone low surrogate with TOP", "SELECT TOP 1 a WHERE b = '" + QString(QChar(0xDC00)) + "'", bad.arg(27));
+        row("NUL with LIKE", "WHERE b like 'A" + nul + "%'", bad.arg(16));
+        row("NUL in a plain lookup", "WHERE b = 'A" + nul + "'", bad.arg(13));
+        row("surrogate before a quote", "WHERE b = '" + high + "'''", bad.arg(12));
+        row("noncharacter", "WHERE b = '" + QString(QChar(0xFFFF)) + "'", bad.arg(12));
     }
-    void rewrites()
+    void adapt()
     {
         QFETCH(QString, tsql);
         QFETCH(QString, sqlite);
-        QCOMPARE(SqliteDialect::adapt(tsql), sqlite);
-    }
-
-    // A statement cut short where it is rewritten, or holding text that is not valid UTF-16
-    // or a NUL, is a DbError: never a crash, never passed on unadapted.
-    void unadaptableStatementIsAnError_data()
-    {
-        QTest::addColumn<QString>("tsql");
-        QTest::addColumn<QString>("message");
-        const QString top = QStringLiteral("TOP"), invalid = QStringLiteral("La instrucción SQL contiene un carácter no válido");
-        QTest::newRow("TOP (") << "SELECT TOP (" << top;
-        QTest::newRow("TOP(") << "SELECT TOP(" << top;
-        QTest::newRow("TOP at the end") << "SELECT DISTINCT TOP " << top;
-        QTest::newRow("unclosed") << "SELECT TOP (5" << top;
-        QTest::newRow("not closed by a parenthesis") << "SELECT TOP (5 A FROM T" << top;
-        QTest::newRow("not a number") << "SELECT TOP A FROM T" << top;
-        QTest::newRow("in a subquery") << "SELECT A FROM T WHERE A = (SELECT TOP (" << top;
-        const QString high(QChar(0xD800)), low(QChar(0xDC00)), nul(QChar(0));
-        QTest::newRow("lone high surrogate with ISNULL") << "SELECT ISNULL(a,'') FROM T WHERE b = '" + high + "'" << invalid;
-        QTest::newRow("lone low surrogate with TOP") << "SELECT TOP 1 a FROM T WHERE b = '" + low + "'" << invalid;
-        QTest::newRow("NUL with LIKE") << "SELECT a FROM T WHERE b like 'A" + nul + "%'" << invalid;
-        QTest::newRow("NUL in a plain lookup") << "SELECT a FROM T WHERE b = 'A" + nul + "'" << invalid;
-        QTest::newRow("surrogate before a quote") << "SELECT a FROM T WHERE b = '" + high + "'''" << invalid;
-        QTest::newRow("noncharacter") << "SELECT a FROM T WHERE b = '" + QString(QChar(0xFFFF)) + "'" << invalid;
-    }
-    void unadaptableStatementIsAnError()
-    {
-        QFETCH(QString, tsql);
-        QFETCH(QString, message);
-        try {
-            SqliteDialect::adapt(tsql);
-            QFAIL("adapted");
-        } catch (const DbError &e) {
-            QVERIFY2(e.Description().contains(message), qPrintable(e.Description()));
-        }
+        QString adapted;
+        const QString error = Testing::dbErrorOf([&] { adapted = SqliteDialect::adapt(tsql); });
+        QCOMPARE(adapted.isNull() ? error : adapted, sqlite);
     }
 
     void collation_data()
@@ -115,7 +90,6 @@ private slots:
         QTest::addColumn<QString>("b");
         QTest::addColumn<int>("order");
         QTest::newRow("case ignored") << "peña" << "PEÑA" << 0;
-        QTest::newRow("accent case ignored") << "á" << "Á" << 0;
         QTest::newRow("accents matter") << "A" << "Á" << -1;
         QTest::newRow("n before ñ") << "NZ" << "ÑA" << -1;
         QTest::newRow("ñ before o") << "ÑZ" << "OA" << -1;
@@ -123,14 +97,10 @@ private slots:
         QTest::newRow("trailing blanks ignored") << "ACME  " << "acme" << 0;
         QTest::newRow("prefix first") << "AB" << "ABA" << -1;
         // The server's Windows collation: hyphens and apostrophes weigh only after the letters.
-        QTest::newRow("ABB before AB-C") << "ABB" << "AB-C" << -1;
-        QTest::newRow("AB-C before ABD") << "AB-C" << "ABD" << -1;
         QTest::newRow("O'BRIEN after OBRA") << "O'BRIEN" << "OBRA" << 1;
-        QTest::newRow("hyphen breaks the tie") << "ABC" << "AB-C" << -1;
         QTest::newRow("apostrophe before hyphen") << "AB'C" << "AB-C" << -1;
         QTest::newRow("hyphen case ignored") << "ab-c" << "AB-C" << 0;
         QTest::newRow("accent before hyphen") << "AB-C" << "ÁBC" << -1;
-        QTest::newRow("underscore before letters") << "AB_C" << "ABXC" << -1;
         QTest::newRow("underscore before digits") << "AB_C" << "AB0C" << -1;
         QTest::newRow("other signs before digits") << "A@" << "A0" << -1;
         QTest::newRow("digits before letters") << "A9" << "AA" << -1;
@@ -140,10 +110,8 @@ private slots:
         QFETCH(QString, a);
         QFETCH(QString, b);
         QFETCH(int, order);
-        const int c = SqliteDialect::compare(a, b);
-        QCOMPARE(c < 0 ? -1 : c > 0 ? 1 : 0, order);
-        const int back = SqliteDialect::compare(b, a);
-        QCOMPARE(back < 0 ? -1 : back > 0 ? 1 : 0, -order);
+        QCOMPARE(qBound(-1, SqliteDialect::compare(a, b), 1), order);
+        QCOMPARE(qBound(-1, SqliteDialect::compare(b, a), 1), -order);
     }
 
     void likeMatching_data()
@@ -157,7 +125,6 @@ private slots:
         QTest::newRow("underscore") << "ABC" << "A_C" << true;
         QTest::newRow("class") << "BOSQUE" << "[A-B]%" << true;
         QTest::newRow("negated class") << "ACME" << "[^A]%" << false;
-        QTest::newRow("contains") << "CAMISA MANGA" << "%MANGA%" << true;
         QTest::newRow("two wildcards") << "A-X-B" << "A%B%" << true;
         QTest::newRow("literal bracket") << "[X" << "[X" << true;
         QTest::newRow("no match") << "AB" << "ABC%" << false;
@@ -173,132 +140,84 @@ private slots:
         QCOMPARE(SqliteDialect::like(text, pattern), match);
     }
 
-    void floatToText()
-    {
-        QCOMPARE(SqliteDialect::floatToVarchar(12.5), QStringLiteral("12.5"));
-        QCOMPARE(SqliteDialect::floatToVarchar(0.35), QStringLiteral("0.35"));
-        QCOMPARE(SqliteDialect::floatToVarchar(1234567), QStringLiteral("1.23457e+006"));
-        QCOMPARE(SqliteDialect::floatToVarchar(0), QStringLiteral("0"));
-    }
-
-    void statementFormsGiveTheServersAnswers_data()
+    // Run on the seeded database with brands whose names hold hyphens and underscores (codes
+    // from 100): the rows SQL Server gives, the statement traced as written; a prefix search
+    // seeks its index by a range.
+    void statementsGiveTheServersAnswers_data()
     {
         QTest::addColumn<QString>("tsql");
         QTest::addColumn<QStringList>("rows");
-        QTest::newRow("ISNULL") << "SELECT Codigo, ISNULL(Nombre_Comercial, '(ninguno)') AS NC FROM Proveedores WHERE Cod_Empresa =1 AND Codigo < 4 ORDER BY Codigo"
-                                << QStringList{"1|IBERTEX", "2|(ninguno)", "3|abeto"};
-        QTest::newRow("IsNull of an empty max") << "SELECT IsNull(Max(Codigo), 0) As Codigo FROM Articulos WHERE Cod_Empresa = 9"
-                                               << QStringList{"0"};
-        QTest::newRow("TOP") << "SELECT TOP 2 Codigo FROM Marcas ORDER BY Nombre" << QStringList{"7", "5"};
-        QTest::newRow("TOP in subquery")
-            << "SELECT Cod_Barras From Articulos_CBarras WHERE Cod_Empresa=1 and Cod_Articulo = (SELECT TOP 1 Cod_Articulo FROM Articulos_CBarras WHERE Cod_Empresa =1 AND Cod_Articulo > 2 ORDER BY Cod_Articulo ASC) ORDER BY Principal DESC"
-            << QStringList{"98765432"};
-        QTest::newRow("LEN") << "SELECT Cod_Barras FROM Articulos_CBarras WHERE Cod_Empresa = 1 AND LEN(Cod_Barras) = 8 ORDER BY Cod_Barras"
-                             << QStringList{"84123457", "98765432"};
-        QTest::newRow("LEN, LTRIM, RTRIM") << "SELECT LEN('AB  ') AS L, LTRIM(RTRIM('  AB  ')) AS T" << QStringList{"2|AB"};
-        QTest::newRow("CONVERT inside REPLACE")
-            << "SELECT REPLACE(CONVERT(VARCHAR,ISNULL(Pvp,0)),'.',',') AS P FROM Articulos_Tarifas WHERE Cod_Empresa=1 ORDER BY Cod_Articulo, Cod_Tarifa"
-            << QStringList{"0,35", "12,5", "9,95", "1,23457e+006"};
-        QTest::newRow("UNION merges equal rows, ignoring case")
-            << "SELECT COUNT(*) AS N FROM (SELECT Nombre FROM Marcas WHERE Nombre LIKE 'AB%' UNION SELECT Nombre_Comercial FROM Proveedores WHERE Cod_Empresa =1 AND Nombre_Comercial LIKE 'ab%') AS u"
-            << QStringList{"4"}; // ABACO, ABADÍA, ABC and one of ABETO / abeto
-        QTest::newRow("UNION orders by the Spanish collation")
-            << "SELECT Nombre FROM Marcas WHERE Nombre LIKE 'AB%' UNION SELECT Nombre FROM Proveedores WHERE Cod_Empresa =1 AND Nombre LIKE 'AB%' ORDER BY Nombre"
-            << QStringList{"ABAD MORENO, LUIS", "ABADÍA", "abastos del norte s.a.", "ABC", "ABETO"};
-        QTest::newRow("IN subquery")
-            << "SELECT a.Codigo FROM Articulos a WHERE a.Cod_Empresa =1 AND a.Codigo IN (SELECT Cod_Articulo FROM Articulos_Ref aref WHERE  aref.Cod_empresa=a.Cod_Empresa AND aref.Ref LIKE 'shared%') ORDER BY a.Codigo"
-            << QStringList{"3", "4"};
-        QTest::newRow("BETWEEN") << "SELECT Cod_Barras FROM Articulos_CBarras WHERE Cod_Empresa =1 AND Cod_Articulo BETWEEN 2 AND 4 ORDER BY Cod_Barras"
-                                 << QStringList{"4006381333931", "98765432"};
-        QTest::newRow("bit column") << "SELECT Cod_Barras FROM Articulos_CBarras WHERE Cod_Articulo = 1 and Cod_Empresa = 1 AND Principal = 1"
-                                    << QStringList{"8412345678905"};
-        QTest::newRow("LIKE ñ") << "SELECT Codigo FROM Articulos WHERE Cod_Empresa =1 AND Descripcion LIKE 'ñan%'" << QStringList{"2"};
-        QTest::newRow("LIKE n") << "SELECT Codigo FROM Articulos WHERE Cod_Empresa =1 AND Descripcion LIKE 'nan%'" << QStringList{"3"};
-        QTest::newRow("LIKE accent") << "SELECT Codigo FROM Articulos WHERE Cod_Empresa =1 AND Descripcion LIKE 'ág%'" << QStringList{"5"};
-        QTest::newRow("LIKE without accent") << "SELECT Codigo FROM Articulos WHERE Cod_Empresa =1 AND Descripcion LIKE 'AG%'" << QStringList{"6"};
-        QTest::newRow("LIKE contains") << "SELECT Codigo FROM Articulos WHERE Cod_Empresa =1 AND Descripcion LIKE '%de%' ORDER BY Codigo"
-                                       << QStringList{"2", "5", "6"};
-        QTest::newRow("LIKE with a pattern per row") << "SELECT Codigo FROM Marcas WHERE 'abeto' LIKE Nombre ORDER BY Codigo"
-                                                     << QStringList{"2"};
-        QTest::newRow("LIKE class") << "SELECT Nombre FROM Marcas WHERE Nombre LIKE '[^A]%' ORDER BY Nombre" << QStringList{"BOSQUE", "ÑANDÚ"};
-        QTest::newRow("= ignores case") << "SELECT Codigo FROM Proveedores WHERE Cod_Empresa =1 AND Nombre ='garcía y peña s.l.'" << QStringList{"1"};
-        QTest::newRow("= keeps accents") << "SELECT Codigo FROM Proveedores WHERE Cod_Empresa =1 AND Nombre ='GARCIA Y PEÑA S.L.'" << QStringList{};
-        QTest::newRow("= ignores trailing blanks") << "SELECT Codigo FROM Marcas WHERE Nombre ='ACME  '" << QStringList{"1"};
-        QTest::newRow("short date with blank")
-            << "SELECT Pvp FROM Clientes_Art_PVP WHERE Cod_Empresa =1 AND Cod_Cliente =1001 AND Fecha_Inicial <=' 15/06/2026' AND Fecha_Final >=' 15/06/2026'"
-            << QStringList{"11"};
-        QTest::newRow("dates compare as dates, not text")
-            << "SELECT Codigo FROM Articulos WHERE Cod_Empresa =1 AND FAlta > '02/07/2025' ORDER BY Codigo" << QStringList{"4711"};
-        QTest::newRow("service date") << "SELECT Cod_Articulo FROM Articulos_CBarras WHERE Cod_Empresa =2 AND Fecha = '2025-08-17T00:00:00'"
-                                      << QStringList{"1"};
+        QTest::addColumn<QString>("index"); // empty: the plan is not checked
+        const auto row = [](const char *name, const char *tsql, const QStringList &rows, const char *index = "") {
+            QTest::newRow(name) << QString::fromUtf8(tsql) << rows << QString::fromUtf8(index);
+        };
+        row("ISNULL", "SELECT ISNULL(Nombre_Comercial, '-') AS NC FROM Proveedores WHERE Cod_Empresa =1 AND Codigo < 4 "
+                      "ORDER BY Codigo",
+            {"IBERTEX", "-", "abeto"});
+        row("TOP", "SELECT TOP 2 Codigo FROM Marcas ORDER BY Nombre", {"104", "7"});
+        row("LEN, LTRIM, RTRIM", "SELECT LEN('AB  ') AS L, LTRIM(RTRIM('  AB  ')) AS T", {"2|AB"});
+        row("CONVERT inside REPLACE", "SELECT REPLACE(CONVERT(VARCHAR,ISNULL(Pvp,0)),'.',',') AS P FROM Articulos_Tarifas "
+                                      "WHERE Cod_Empresa=1 ORDER BY Cod_Articulo, Cod_Tarifa",
+            {"0,35", "12,5", "9,95", "1,23457e+006"});
+        row("UNION merges equal rows, ignoring case", // ABC twice; ABETO and abeto
+            "SELECT COUNT(*) AS N FROM (SELECT Nombre FROM Marcas WHERE Nombre LIKE 'AB%' UNION SELECT Nombre_Comercial "
+            "FROM Proveedores WHERE Cod_Empresa =1 AND Nombre_Comercial LIKE 'ab%') AS u",
+            {"10"});
+        row("UNION orders as the server", "SELECT Nombre FROM Marcas WHERE Nombre LIKE 'ABA%' UNION SELECT Nombre FROM "
+                                          "Proveedores WHERE Cod_Empresa =1 AND Nombre LIKE 'AB%' ORDER BY Nombre",
+            {"ABAD MORENO, LUIS", "ABADÍA", "abastos del norte s.a."});
+        row("sorted as on the server", "SELECT Nombre FROM Marcas WHERE Codigo >= 100 ORDER BY Nombre",
+            {"AB_C", "ABB", "ABC", "AB-C", "AB-C-2", "ABD", "ABXC", "-OFERTA-"});
+        row("LIKE with a pattern per row", "SELECT Codigo FROM Marcas WHERE 'abeto' LIKE Nombre", {"2"});
+        row("= ignores case, keeps accents", "SELECT Codigo FROM Proveedores WHERE Nombre IN ('garcía y peña s.l.', "
+                                             "'ñandu distribuciones s.a.')",
+            {"1"});
+        row("short date with blank", "SELECT Pvp FROM Clientes_Art_PVP WHERE Cod_Cliente =1001 AND Fecha_Inicial <=' "
+                                     "15/06/2026' AND Fecha_Final >=' 15/06/2026'",
+            {"11"});
+        row("dates compare as dates, not text", "SELECT Codigo FROM Articulos WHERE Cod_Empresa =1 AND FAlta > '02/07/2025'",
+            {"4711"});
+        row("suppliers by name", "SELECT Codigo FROM Proveedores WHERE Cod_Empresa = 1 And (Nombre like 'ñan%')", {"2"},
+            "IX_Proveedores_Nombre");
+        row("articles by description", "SELECT Codigo FROM Articulos a WHERE a.Cod_Empresa =1 AND Descripcion LIKE 'ñan%'",
+            {"2"}, "IX_Articulos_Descripcion");
+        row("a hyphen in the prefix", "SELECT Codigo FROM Marcas WHERE Nombre LIKE 'ab-%' ORDER BY Nombre", {"102", "106"},
+            "IX_Marcas_Nombre");
+        row("a hyphen first", "SELECT Codigo FROM Marcas WHERE Nombre LIKE '-%'", {"107"}, "IX_Marcas_Nombre");
     }
-    void statementFormsGiveTheServersAnswers()
+    void statementsGiveTheServersAnswers()
     {
         QFETCH(QString, tsql);
         QFETCH(QStringList, rows);
+        QFETCH(QString, index);
         Testing::TestDatabase db;
+        db.conexion()->execute(u"INSERT INTO Marcas (Codigo, Nombre) VALUES (100, 'ABD'), (101, 'ABXC'), (102, 'AB-C'), "
+                               "(103, 'ABB'), (104, 'AB_C'), (105, 'ABC'), (106, 'AB-C-2'), (107, '-OFERTA-')"_s);
+        db.statements.clear();
         QCOMPARE(run(db.conexion(), tsql), rows);
         QCOMPARE(db.statements, QStringList{tsql}); // traced as written, before adaptation
+        const QString plan = db.rows("EXPLAIN QUERY PLAN " + db.conexion()->adapt(tsql)).join(u'\n');
+        const bool seeks = plan.contains("SEARCH") && plan.contains(index) && plan.contains(">?") && plan.contains("<?");
+        QVERIFY2(index.isEmpty() || seeks, qPrintable(plan));
     }
 
-    void updateFromATopSubquery()
+    void writesStoreWhatTheServerStores()
     {
         Testing::TestDatabase db;
-        const int n = db.conexion()->execute(QStringLiteral(
-            "UPDATE Articulos_CBarras SET Principal= 1 FROM (SELECT Top 1 * FROM Articulos_CBarras WHERE Principal = 0 and "
-            "Cod_Empresa =1 and Cod_Articulo =4) as a Where a.Cod_Barras = Articulos_CBarras.Cod_Barras"));
-        QCOMPARE(n, 1);
-        QCOMPARE(db.rows(QStringLiteral("SELECT Principal FROM Articulos_CBarras WHERE Cod_Barras='98765432'")), QStringList{"1"});
-    }
-
-    void datesAreStoredAsDates()
-    {
-        Testing::TestDatabase db;
-        db.conexion()->execute(QStringLiteral("INSERT INTO Articulos_CBarras (Cod_Empresa, Cod_Articulo, Cod_Barras, Principal, Fecha, Unidades, Automatico) VALUES (1, 5, '555', 0, '")
-                               + FechaSQL::instance().Texto(QDate(2026, 2, 1)) + QStringLiteral("', 1, 0)"));
-        db.conexion()->execute(QStringLiteral("INSERT INTO Articulos_Ref (Cod_Empresa, Cod_Articulo, Cod_Prov, Ref, Principal, Fecha) VALUES (1, 5, 1, '01/02/2008', 0, ' 3/4/2026')"));
-        QCOMPARE(db.rows(QStringLiteral("SELECT Fecha FROM Articulos_CBarras WHERE Cod_Barras='555'")), QStringList{"2026-02-01"});
-        QCOMPARE(db.rows(QStringLiteral("SELECT Ref, Fecha FROM Articulos_Ref WHERE Cod_Articulo=5")), QStringList{"01/02/2008|2026-04-03"});
-        QCOMPARE(FechaSQL::Leer(QStringLiteral("2026-02-01")), QDate(2026, 2, 1));
-    }
-
-    void textsSortAsOnTheServer()
-    {
-        Testing::TestDatabase db;
-        addBrands(db);
-        QCOMPARE(run(db.conexion(), QStringLiteral("SELECT Nombre FROM Marcas WHERE Codigo >= 100 ORDER BY Nombre")),
-                 (QStringList{"AB_C", "ABB", "ABC", "AB-C", "AB-C-2", "ABD", "ABXC", "-OFERTA-"}));
-    }
-
-    void prefixSearchSeeksTheIndex_data()
-    {
-        QTest::addColumn<QString>("tsql");
-        QTest::addColumn<QString>("index");
-        QTest::addColumn<QStringList>("rows");
-        QTest::newRow("suppliers by name")
-            << "SELECT Codigo, Nombre FROM Proveedores WHERE Cod_Empresa = 1 And (Nombre like 'ñan%') ORDER BY Nombre"
-            << "IX_Proveedores_Nombre" << QStringList{"2|ÑANDÚ DISTRIBUCIONES S.A."};
-        QTest::newRow("articles by description")
-            << "SELECT a.Codigo, a.Descripcion FROM Articulos a WHERE a.Cod_Empresa =1 AND a.Descripcion LIKE 'ñan%' ORDER BY a.Descripcion"
-            << "IX_Articulos_Descripcion" << QStringList{"2|ÑANDÚ DE PELUCHE"};
-        QTest::newRow("a hyphen in the prefix")
-            << "SELECT Codigo, Nombre FROM Marcas WHERE Nombre LIKE 'ab-%' ORDER BY Nombre"
-            << "IX_Marcas_Nombre" << QStringList{"102|AB-C", "106|AB-C-2"};
-        QTest::newRow("a hyphen first")
-            << "SELECT Codigo, Nombre FROM Marcas WHERE Nombre LIKE '-%' ORDER BY Nombre"
-            << "IX_Marcas_Nombre" << QStringList{"107|-OFERTA-"};
-    }
-    void prefixSearchSeeksTheIndex()
-    {
-        QFETCH(QString, tsql);
-        QFETCH(QString, index);
-        QFETCH(QStringList, rows);
-        Testing::TestDatabase db;
-        addBrands(db);
-        QCOMPARE(run(db.conexion(), tsql), rows);
-        const QString plan = db.rows(QStringLiteral("EXPLAIN QUERY PLAN ") + db.conexion()->adapt(tsql)).join(u'\n');
-        QVERIFY2(plan.contains(QStringLiteral("SEARCH")) && plan.contains(index), qPrintable(plan));
-        QVERIFY2(plan.contains(QLatin1String(">?")) && plan.contains(QLatin1String("<?")), qPrintable(plan));
+        QCOMPARE(db.conexion()->execute(u"UPDATE Articulos_CBarras SET Principal= 1 FROM (SELECT Top 1 * FROM "
+                                        "Articulos_CBarras WHERE Principal = 0 and Cod_Empresa =1 and Cod_Articulo =4) "
+                                        "as a Where a.Cod_Barras = Articulos_CBarras.Cod_Barras"_s),
+                 1);
+        QCOMPARE(db.rows(u"SELECT Principal FROM Articulos_CBarras WHERE Cod_Barras='98765432'"_s), QStringList{"1"});
+        db.conexion()->execute(u"INSERT INTO Articulos_CBarras (Cod_Empresa, Cod_Articulo, Cod_Barras, Principal, Fecha, "
+                               "Unidades, Automatico) VALUES (1, 5, '555', 0, '"_s
+                               + FechaSQL::instance().Texto(QDate(2026, 2, 1)) + "', 1, 0)");
+        db.conexion()->execute(u"INSERT INTO Articulos_Ref (Cod_Empresa, Cod_Articulo, Cod_Prov, Ref, Principal, Fecha) "
+                               "VALUES (1, 5, 1, '01/02/2008', 0, ' 3/4/2026')"_s);
+        QCOMPARE(db.rows(u"SELECT Fecha FROM Articulos_CBarras WHERE Cod_Barras='555'"_s), QStringList{"2026-02-01"});
+        QCOMPARE(db.rows(u"SELECT Ref, Fecha FROM Articulos_Ref WHERE Cod_Articulo=5"_s),
+                 QStringList{"01/02/2008|2026-04-03"});
+        QCOMPARE(FechaSQL::Leer(u"2026-02-01"_s), QDate(2026, 2, 1));
     }
 };
 

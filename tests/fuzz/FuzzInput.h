@@ -6,39 +6,33 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 
 namespace fuzz {
 
-/// The bytes as UTF-16 code units, whatever they hold (lone surrogates and NUL included).
+/// The bytes as UTF-16 code units (little-endian), whatever they hold (lone surrogates and NUL included).
 inline QString utf16(const uint8_t *data, size_t size)
 {
     QString s(qsizetype(size / 2), Qt::Uninitialized);
-    for (size_t i = 0; i + 1 < size; i += 2)
-        s[qsizetype(i / 2)] = QChar(char16_t(data[i] | (data[i + 1] << 8)));
+    std::memcpy(s.data(), data, size_t(s.size()) * 2);
     return s;
-}
-
-/// The bytes as UTF-8 (invalid sequences become replacement characters).
-inline QString utf8(const uint8_t *data, size_t size)
-{
-    return QString::fromUtf8(reinterpret_cast<const char *>(data), qsizetype(size));
 }
 
 /// Splits `text` at its first `separator` into two texts.
 inline std::pair<QString, QString> split(const QString &text, QChar separator)
 {
     const qsizetype at = text.indexOf(separator);
-    if (at < 0)
-        return {text, QString()};
-    return {text.left(at), text.mid(at + 1)};
+    return {text.left(at < 0 ? text.size() : at), at < 0 ? QString() : text.mid(at + 1)};
 }
 
-#define FUZZ_REQUIRE(condition)                                                                     \
-    do {                                                                                            \
-        if (!(condition)) {                                                                         \
-            std::fprintf(stderr, "%s:%d: broken rule: %s\n", __FILE__, __LINE__, #condition);     \
-            std::abort();                                                                           \
-        }                                                                                           \
-    } while (false)
+inline void require(bool holds, const char *rule, const char *file, int line)
+{
+    if (!holds) {
+        std::fprintf(stderr, "%s:%d: broken rule: %s\n", file, line, rule);
+        std::abort();
+    }
+}
 
 } // namespace fuzz
+
+#define FUZZ_REQUIRE(condition) fuzz::require(bool(condition), #condition, __FILE__, __LINE__)

@@ -7,6 +7,7 @@
 #include "data/SqliteDialect.h"
 
 #include <sqlite3.h>
+#include <vector>
 
 using namespace Varnel_Controles;
 
@@ -14,7 +15,9 @@ namespace {
 
 int sign(int v) { return v < 0 ? -1 : v > 0 ? 1 : 0; }
 
-sqlite3 *database()
+// Runs a statement with two text parameters on a connection with the dialect's functions;
+// returns the integer columns of its rows.
+std::vector<int> run(const char *sql, const QByteArray &a, const QByteArray &b)
 {
     static sqlite3 *db = [] {
         sqlite3 *handle = nullptr;
@@ -22,16 +25,9 @@ sqlite3 *database()
         SqliteDialect::registerFunctions(handle);
         return handle;
     }();
-    return db;
-}
-
-// Runs a statement with two text parameters; returns its first row's integer columns.
-std::vector<int> run(const char *sql, const QByteArray &a, const QByteArray &b)
-{
     sqlite3_stmt *statement = nullptr;
     std::vector<int> out;
-    if (sqlite3_prepare_v2(database(), sql, -1, &statement, nullptr) != SQLITE_OK)
-        return out;
+    sqlite3_prepare_v2(db, sql, -1, &statement, nullptr);
     sqlite3_bind_text(statement, 1, a.constData(), int(a.size()), SQLITE_TRANSIENT);
     sqlite3_bind_text(statement, 2, b.constData(), int(b.size()), SQLITE_TRANSIENT);
     while (sqlite3_step(statement) == SQLITE_ROW)
@@ -48,42 +44,30 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     if (size == 0)
         return 0;
     const QString payload = fuzz::utf16(data + 1, size - 1);
-    switch (data[0] % 3) {
-    case 0:
+    const auto [a, b] = fuzz::split(payload, QChar(0));
+    if (data[0] % 3 == 0) {
         try {
             (void)SqliteDialect::adapt(payload);
         } catch (const DbError &) {
         }
-        break;
-    case 1: {
-        const auto [a, b] = fuzz::split(payload, QChar(0));
-        FUZZ_REQUIRE(SqliteDialect::compare(a, a) == 0);
-        FUZZ_REQUIRE(sign(SqliteDialect::compare(a, b)) == -sign(SqliteDialect::compare(b, a)));
+    } else if (data[0] % 3 == 1) {
+        const int order = sign(SqliteDialect::compare(a, b));
+        FUZZ_REQUIRE(SqliteDialect::compare(a, a) == 0 && order == -sign(SqliteDialect::compare(b, a)));
         const bool like = SqliteDialect::like(a, b);
         if (QStringView(a).isValidUtf16() && QStringView(b).isValidUtf16()) {
             // a LIKE b; the same pattern over three rows; a = b and a < b in the collation.
-            const std::vector<int> sql = run(
-                "SELECT ?1 LIKE ?2, ?1 = ?2 COLLATE MODERN_SPANISH_CI_AS, ?1 < ?2 COLLATE MODERN_SPANISH_CI_AS",
-                a.toUtf8(), b.toUtf8());
-            FUZZ_REQUIRE(sql.size() == 3);
-            FUZZ_REQUIRE(sql[0] == int(like));
-            FUZZ_REQUIRE(sql[1] == int(SqliteDialect::compare(a, b) == 0));
-            FUZZ_REQUIRE(sql[2] == int(SqliteDialect::compare(a, b) < 0));
-            const std::vector<int> rows = run("SELECT x LIKE ?2 FROM (SELECT ?1 AS x UNION ALL SELECT 'B' UNION ALL SELECT ?1)",
-                                              a.toUtf8(), b.toUtf8());
+            const std::vector<int> sql = run("SELECT ?1 LIKE ?2, ?1 = ?2 COLLATE MODERN_SPANISH_CI_AS, "
+                                             "?1 < ?2 COLLATE MODERN_SPANISH_CI_AS", a.toUtf8(), b.toUtf8());
+            FUZZ_REQUIRE(sql == (std::vector<int>{like, order == 0, order < 0}));
+            const std::vector<int> rows = run("SELECT x LIKE ?2 FROM (SELECT ?1 AS x UNION ALL SELECT 'B' UNION ALL "
+                                              "SELECT ?1)", a.toUtf8(), b.toUtf8());
             FUZZ_REQUIRE(rows.size() == 3 && rows[0] == int(like) && rows[2] == int(like));
         }
-        break;
-    }
-    default: {
-        // Raw bytes as SQLite text, valid UTF-8 or not.
+    } else { // raw bytes as SQLite text, valid UTF-8 or not
         const QByteArray bytes(reinterpret_cast<const char *>(data + 1), qsizetype(size - 1));
         const qsizetype at = bytes.indexOf('\0');
-        const QByteArray a = at < 0 ? bytes : bytes.left(at), b = at < 0 ? QByteArray() : bytes.mid(at + 1);
         (void)run("SELECT ?1 LIKE ?2, ?2 LIKE ?1, ?1 = ?2 COLLATE MODERN_SPANISH_CI_AS, LEN(?1), TSQL_VARCHAR(?2) IS NULL",
-                  a, b);
-        break;
-    }
+                  bytes.left(at < 0 ? bytes.size() : at), at < 0 ? QByteArray() : bytes.mid(at + 1));
     }
     return 0;
 }

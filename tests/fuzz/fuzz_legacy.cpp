@@ -5,44 +5,34 @@
 #include "platform/Legacy.h"
 
 #include <cmath>
-#include <cstring>
 
 using namespace Varnel_Controles;
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
-    const QString text = fuzz::utf8(data, size);
-
+    const QString text = QString::fromUtf8(reinterpret_cast<const char *>(data), qsizetype(size));
     bool numeric = false;
     const double converted = Legacy::CDbl(text, &numeric);
-    FUZZ_REQUIRE(numeric == Legacy::IsNumeric(text));
-    FUZZ_REQUIRE(std::isfinite(converted));
-    (void)Legacy::CLng(converted);
-    (void)Legacy::CInt(converted);
-
+    FUZZ_REQUIRE(numeric == Legacy::IsNumeric(text) && std::isfinite(converted));
     const double value = Legacy::Val(text);
     FUZZ_REQUIRE(std::isfinite(value));
-    (void)Legacy::CLng(value);
-    (void)Legacy::CInt(value);
-    const double back = Legacy::Val(Legacy::Str(value));
-    FUZZ_REQUIRE(std::fabs(back - value) <= 1e-13 * std::fabs(value));
-
+    FUZZ_REQUIRE(std::fabs(Legacy::Val(Legacy::Str(value)) - value) <= 1e-13 * std::fabs(value));
     if (const auto date = Legacy::CDate(text))
         FUZZ_REQUIRE(Legacy::CDate(Legacy::FormatDate(*date)) == date);
     (void)Legacy::Trim(text);
     for (QChar c : text)
         (void)Legacy::UCaseChar(c);
-
-    // The same bytes as binary numbers.
+    double number = 0; // the first bytes as binary numbers
+    qint64 whole = 0;
     if (size >= 8) {
-        double d;
-        qint64 n;
-        std::memcpy(&d, data, 8);
-        std::memcpy(&n, data, 8);
+        std::memcpy(&number, data, 8);
+        std::memcpy(&whole, data, 8);
+    }
+    for (double d : {converted, value, number}) {
         (void)Legacy::Str(d);
         (void)Legacy::CLng(d);
         (void)Legacy::CInt(d);
-        (void)Legacy::Format00(n);
     }
+    (void)Legacy::Format00(whole);
     return 0;
 }

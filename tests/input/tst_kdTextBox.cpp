@@ -1,31 +1,28 @@
+#include "input/TextBoxKeyFilter.h"
 #include "input/kdTextBox.h"
 #include "platform/LegacyColor.h"
-#include "platform/TextField.h"
 #include "support/Widgets.h"
 
 #include <QClipboard>
 #include <QDialog>
 #include <QLineEdit>
 #include <QSignalSpy>
-#include <QTest>
-#include <QVBoxLayout>
+#include <utility>
 
 using namespace Varnel_Controles;
 
 namespace {
 
+// A numeric code, a signed quantity with decimals and a name, in this tab order.
 struct Form
 {
     QWidget window;
-    kdTextBox *code, *quantity, *name;
+    kdTextBox *code = new kdTextBox(&window);
+    kdTextBox *quantity = new kdTextBox(&window);
+    kdTextBox *name = new kdTextBox(&window);
     Form()
     {
-        auto *layout = new QVBoxLayout(&window);
-        code = new kdTextBox(&window);
-        quantity = new kdTextBox(&window);
-        name = new kdTextBox(&window);
-        for (auto *box : {code, quantity, name})
-            layout->addWidget(box);
+        Testing::stack(window, {code, quantity, name});
         code->setTypeOfValues(Numeric);
         quantity->setTypeOfValues(Numeric);
         quantity->setAceptDecimals(true);
@@ -42,103 +39,157 @@ class tst_kdTextBox : public QObject
     Q_OBJECT
 
 private slots:
+    // The key filter on its own: what a typed character becomes.
+    void keyFilter_data()
+    {
+        // mode: A alphanumeric, N numeric, 7 an unknown type; "," decimals, "-" negative, "l" no upper case
+        QTest::addColumn<QString>("mode");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("selected");
+        QTest::addColumn<int>("key");
+        QTest::addColumn<int>("result"); // KeyAscii handed on
+        QTest::addColumn<QString>("newText"); // "<none>" when the text is not replaced
+        const QString none = QStringLiteral("<none>");
+        QTest::newRow("backspace") << "N" << "12" << "" << 8 << 8 << none;
+        QTest::newRow("ctrl v") << "N,-" << "" << "" << 22 << 0 << none;
+        QTest::newRow("comma accepted") << "N," << "12" << "" << 44 << 44 << none;
+        QTest::newRow("comma without decimals") << "N" << "12" << "" << 44 << 0 << none;
+        QTest::newRow("second comma") << "N," << "12,5" << "" << 44 << 0 << none;
+        QTest::newRow("point after comma") << "N," << "12,5" << "" << 46 << 0 << none;
+        QTest::newRow("point over whole selection") << "N," << "12,5" << "12,5" << 46 << 44 << none;
+        QTest::newRow("minus refused") << "N" << "45" << "" << 45 << 0 << none;
+        QTest::newRow("minus removes sign") << "N-" << "-45" << "" << 45 << 0 << "45";
+        QTest::newRow("minus in empty field") << "N-" << "" << "" << 45 << 45 << none;
+        QTest::newRow("minus over part selection") << "N-" << "45" << "4" << 45 << 0 << "-45";
+        // The sign test trims, the cut does not: a leading blank goes instead of the sign.
+        QTest::newRow("leading blank loses the blank") << "N-" << " -45" << "" << 45 << 0 << "-45";
+        QTest::newRow("leading blank gets a sign") << "N-" << " 45" << "" << 45 << 0 << "- 45";
+        QTest::newRow("a stays a") << "Al" << "" << "" << int('a') << int('a') << none;
+        QTest::newRow("alpha apostrophe") << "A" << "" << "" << 39 << 0 << none;
+        QTest::newRow("alpha minus passes") << "A-" << "45" << "" << 45 << 45 << none;
+        QTest::newRow("unknown type is alphanumeric") << "7" << "" << "" << int('z') << int('Z') << none;
+    }
+    void keyFilter()
+    {
+        QFETCH(QString, mode);
+        QFETCH(QString, text);
+        QFETCH(QString, selected);
+        QFETCH(int, key);
+        QFETCH(int, result);
+        QFETCH(QString, newText);
+        const qint32 type = mode.startsWith(u'N') ? 1 : mode.startsWith(u'7') ? 7 : 0;
+        const TextBoxKeyFilter::Settings settings{type, mode.contains(u','), mode.contains(u'-'), !mode.contains(u'l')};
+        const auto out = TextBoxKeyFilter::filter(qint16(key), settings, {text, selected});
+        QCOMPARE(int(out.keyAscii), result);
+        QCOMPARE(out.text.value_or(QStringLiteral("<none>")), newText);
+        QCOMPARE(out.moveFocusNext, key == 13);
+    }
+
     void clerkWalksTheForm()
     {
         Form f;
+        f.quantity->setBackColor(0x00FFFF);
+        f.name->setChangeColorOnFocus(false);
+        f.name->setBackColor(0x00FFFF);
+        f.code->setEnabled(false);
         QVERIFY(Testing::showActive(f.window));
         QList<int> keysSeen;
         connect(f.quantity, &kdTextBox::KeyPress, this, [&](qint16 &k) { keysSeen << k; });
         f.quantity->setFocus();
         Testing::settle();
         QCOMPARE(Testing::paintedBackground(*f.quantity), QColor(192, 255, 255));
-        QCOMPARE(f.quantity->BackColor(), 0xFFFFC0u);
-
         QTest::keyClicks(field(f.quantity), QStringLiteral("12.5"));
         QCOMPARE(f.quantity->Text(), QStringLiteral("12,5"));
         QCOMPARE(f.quantity->Value(), 12.5);
 
         QTest::keyClick(field(f.quantity), Qt::Key_Return);
         QCOMPARE(keysSeen.last(), 13);
+        QCOMPARE(QApplication::focusWidget(), field(f.quantity)); // the focus moves once the handlers return
         Testing::settle();
         QCOMPARE(QApplication::focusWidget(), field(f.name));
-        QCOMPARE(f.quantity->BackColor(), LegacyColor::WindowBackground);
         QCOMPARE(Testing::paintedBackground(*f.quantity), LegacyColor::toQColor(LegacyColor::WindowBackground));
-
+        QCOMPARE(f.name->BackColor(), 0x00FFFFu); // no focus colour when the flag is off
         Testing::typeText(field(f.name), QStringLiteral("peña"));
         QCOMPARE(f.name->Text(), QStringLiteral("PEÑA"));
-        QTest::keyClick(field(f.name), Qt::Key_Up);
-        Testing::settle();
-        QCOMPARE(QApplication::focusWidget(), field(f.quantity));
-        QCOMPARE(field(f.quantity)->selectedText(), QStringLiteral("12,5")); // selected on arrival
 
-        f.code->setEnabled(false);
-        QCOMPARE(f.code->Enabled(), false);
+        // Focus events reaching a disabled box do not repaint it.
+        QFocusEvent in(QEvent::FocusIn, Qt::OtherFocusReason);
+        QApplication::sendEvent(field(f.code), &in);
         QCOMPARE(Testing::paintedBackground(*f.code), QColor(224, 224, 224));
+        f.code->setEnabled(true);
+        QCOMPARE(f.code->BackColor(), LegacyColor::WindowBackground);
     }
 
-    void typedKeysThroughTheField_data()
+    void focusKeys_data()
     {
-        QTest::addColumn<QString>("start");
-        QTest::addColumn<int>("caret");
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("result");
-        QTest::newRow("sign toggles from the middle") << "45" << 1 << "-" << "-45";
-        QTest::newRow("sign toggles back") << "-45" << 2 << "-" << "45";
-        QTest::newRow("empty box takes a minus") << "" << 0 << "-" << "-";
-        QTest::newRow("letters and blanks refused") << "1" << 1 << "a b+/" << "1";
-        QTest::newRow("apostrophe refused") << "1" << 1 << "'" << "1";
-        QTest::newRow("second comma refused") << "1,5" << 3 << ",.2" << "1,52";
+        QTest::addColumn<int>("key");
+        QTest::addColumn<int>("modifiers");
+        QTest::addColumn<bool>("flagsOn");  // KeyEnterChangeFocus and KeyUpChangeFocus
+        QTest::addColumn<int>("focused");   // 0 code, 1 quantity (where the key is typed), 2 name
+        QTest::newRow("up moves back") << int(Qt::Key_Up) << int(Qt::NoModifier) << true << 0;
+        QTest::newRow("shift up moves back") << int(Qt::Key_Up) << int(Qt::ShiftModifier) << true << 0;
+        QTest::newRow("ctrl up moves back") << int(Qt::Key_Up) << int(Qt::ControlModifier) << true << 0;
+        QTest::newRow("enter, flag off") << int(Qt::Key_Return) << int(Qt::NoModifier) << false << 1;
+        QTest::newRow("up, flag off") << int(Qt::Key_Up) << int(Qt::NoModifier) << false << 1;
     }
-    void typedKeysThroughTheField()
+    void focusKeys()
     {
-        QFETCH(QString, start);
-        QFETCH(int, caret);
-        QFETCH(QString, typed);
-        QFETCH(QString, result);
+        QFETCH(int, key);
+        QFETCH(int, modifiers);
+        QFETCH(bool, flagsOn);
+        QFETCH(int, focused);
+        Form f;
+        f.quantity->setKeyEnterChangeFocus(flagsOn);
+        f.quantity->setKeyUpChangeFocus(flagsOn);
+        QVERIFY(Testing::showActive(f.window));
+        QList<int> codes;
+        connect(f.quantity, &kdTextBox::KeyDown, this, [&](qint16 &k, qint16 &) { codes << k; });
+        f.quantity->setFocus();
+        QTest::keyClick(field(f.quantity), Qt::Key(key), Qt::KeyboardModifiers(modifiers));
+        Testing::settle();
+        QCOMPARE(QApplication::focusWidget(), field(QList<kdTextBox *>{f.code, f.quantity, f.name}[focused]));
+        QVERIFY(codes.contains(key == Qt::Key_Up ? 38 : 13)); // the host hears the key after any modifier
+    }
+
+    void textRules()
+    {
         kdTextBox box;
+        box.setText(QStringLiteral("  ABC  "));
+        QCOMPARE(field(&box)->text(), QStringLiteral("ABC"));
+        field(&box)->setText(QStringLiteral(" X "));
+        QCOMPARE(box.Text(), QStringLiteral("X"));
         box.setTypeOfValues(Numeric);
-        box.setAceptDecimals(true);
+        box.setText(QStringLiteral("O'BRIEN 1.2")); // assignment is never filtered
+        QCOMPARE(box.Text(), QStringLiteral("O'BRIEN 1.2"));
+        QCOMPARE(box.Value(), 0.0);
+
         box.setAceptNegative(true);
-        box.setText(start);
-        field(&box)->setCursorPosition(caret);
-        QTest::keyClicks(field(&box), typed);
-        QCOMPARE(field(&box)->text(), result);
-        if (typed == QLatin1String("-") && !start.isEmpty())
-            QCOMPARE(field(&box)->cursorPosition(), int(result.size()));
-    }
-
-    void clipboardKeysDoNothingInANumericBox()
-    {
-        kdTextBox box;
-        box.setTypeOfValues(Numeric);
-        box.setText(QStringLiteral("123"));
+        box.setText(QStringLiteral("45"));
+        field(&box)->setCursorPosition(1);
+        QTest::keyClick(field(&box), '-');
+        QCOMPARE(box.Text(), QStringLiteral("-45"));
+        QCOMPARE(field(&box)->cursorPosition(), 3); // the sign toggles with the caret at the end
         box.SelectText();
-        QTest::keyClick(field(&box), Qt::Key_X, Qt::ControlModifier);
-        QCOMPARE(box.Text(), QStringLiteral("123"));
+        QTest::keyClick(field(&box), Qt::Key_X, Qt::ControlModifier); // no cut in a numeric box
+        QCOMPARE(box.Text(), QStringLiteral("-45"));
     }
 
-    void escapeInADialogCancelsIt_data()
-    {
-        QTest::addColumn<qint32>("type");
-        QTest::addColumn<int>("keyAscii"); // what the host's KeyPress sees
-        QTest::newRow("alphanumeric") << qint32(Alfanumeric) << 27;
-        QTest::newRow("numeric") << qint32(Numeric) << 0;
-    }
     void escapeInADialogCancelsIt()
     {
-        QFETCH(qint32, type);
-        QFETCH(int, keyAscii);
         QDialog dialog;
-        auto *box = new kdTextBox(&dialog);
-        box->setTypeOfValues(type);
+        auto *alphanumeric = new kdTextBox(&dialog);
+        auto *numeric = new kdTextBox(&dialog);
+        numeric->setTypeOfValues(Numeric);
         QList<int> seen;
-        connect(box, &kdTextBox::KeyPress, this, [&](qint16 &k) { seen << k; });
         QSignalSpy rejected(&dialog, &QDialog::rejected);
-        QVERIFY(Testing::showActive(dialog));
-        box->setFocus();
-        QTest::keyClick(field(box), Qt::Key_Escape);
-        QCOMPARE(seen, QList<int>{keyAscii});
-        QCOMPARE(rejected.size(), 1);
+        for (kdTextBox *box : {alphanumeric, numeric}) {
+            connect(box, &kdTextBox::KeyPress, this, [&](qint16 &k) { seen << k; });
+            QVERIFY(Testing::showActive(dialog));
+            box->setFocus();
+            QTest::keyClick(field(box), Qt::Key_Escape);
+        }
+        QCOMPARE(seen, (QList<int>{27, 0})); // a numeric box hands the host 0
+        QCOMPARE(rejected.size(), 2);
     }
 
     void pastingStopsAtTheTypingLimit()
@@ -152,279 +203,125 @@ private slots:
         QCOMPARE(box.Text(), QStringLiteral("1234"));
     }
 
-    void hostSlotDecidesWhatTheFieldReceives()
+    void hostSlotsDecideWhatTheFieldReceives()
     {
         kdTextBox box;
-        connect(&box, &kdTextBox::KeyPress, this, [](qint16 &k) {
-            if (k == 'A') k = 'Z';
-            else if (k == 'B') k = 0;
-        });
+        connect(&box, &kdTextBox::KeyPress, this, [](qint16 &k) { k = k == 'A' ? 'Z' : k == 'B' ? 0 : k; });
         QTest::keyClicks(field(&box), QStringLiteral("abc"));
         QCOMPARE(box.Text(), QStringLiteral("ZC"));
+
+        // A KeyDown set to 0 cancels the editing key; KeyUp still comes.
+        QList<int> keyUps;
+        connect(&box, &kdTextBox::KeyDown, this, [](qint16 &code, qint16 &) { code = code == 46 ? 0 : code; });
+        connect(&box, &kdTextBox::KeyUp, this, [&](qint16 &code, qint16 &) { keyUps << code; });
+        field(&box)->setCursorPosition(0);
+        QTest::keyClick(field(&box), Qt::Key_Delete);
+        QCOMPARE(box.Text(), QStringLiteral("ZC"));
+        QCOMPARE(keyUps, QList<int>{46});
 
         // A refused key arrives as 0, and the host may still let a character through.
         kdTextBox numeric;
         numeric.setTypeOfValues(Numeric);
         QList<int> seen;
-        connect(&numeric, &kdTextBox::KeyPress, this, [&](qint16 &k) { seen << k; if (k == 0) k = '9'; });
+        connect(&numeric, &kdTextBox::KeyPress, this, [&](qint16 &k) { seen << std::exchange(k, qint16('9')); });
         QTest::keyClick(field(&numeric), Qt::Key_X);
         QCOMPARE(seen, QList<int>{0});
         QCOMPARE(numeric.Text(), QStringLiteral("9"));
-    }
-
-    void hostSlotCanCancelAKeyDown()
-    {
-        kdTextBox box;
-        QList<int> keyUps;
-        connect(&box, &kdTextBox::KeyDown, this, [](qint16 &code, qint16 &) { if (code == 46) code = 0; });
-        connect(&box, &kdTextBox::KeyUp, this, [&](qint16 &code, qint16 &) { keyUps << code; });
-        box.setText(QStringLiteral("AB"));
-        field(&box)->setCursorPosition(0);
-        QTest::keyClick(field(&box), Qt::Key_Delete);
-        QCOMPARE(box.Text(), QStringLiteral("AB"));
-        QCOMPARE(keyUps, QList<int>{46});
     }
 
     void focusArrival_data()
     {
         QTest::addColumn<QString>("text");
         QTest::addColumn<bool>("selectionOnFocus");
-        QTest::addColumn<QString>("after");
-        QTest::addColumn<QString>("selected");
-        QTest::addColumn<int>("changes");
-        QTest::newRow("zero emptied") << "0" << true << "" << "" << 1;
-        QTest::newRow("zero with decimals emptied") << "0,00" << true << "" << "" << 1;
-        QTest::newRow("minus zero emptied") << "-0" << true << "" << "" << 1;
-        QTest::newRow("number selected") << "5" << true << "5" << "5" << 0;
-        QTest::newRow("letters selected") << "ABC" << true << "ABC" << "ABC" << 0;
-        QTest::newRow("zero kept without the flag") << "0" << false << "0" << "" << 0;
+        QTest::addColumn<QString>("after"); // selected when the flag is on
+        QTest::newRow("minus zero emptied") << "-0" << true << "";
+        QTest::newRow("number selected") << "5" << true << "5";
+        QTest::newRow("zero kept without the flag") << "0" << false << "0";
     }
     void focusArrival()
     {
         QFETCH(QString, text);
         QFETCH(bool, selectionOnFocus);
         QFETCH(QString, after);
-        QFETCH(QString, selected);
-        QFETCH(int, changes);
-        QWidget window;
-        auto *layout = new QVBoxLayout(&window);
-        auto *other = new QLineEdit(&window);
-        auto *box = new kdTextBox(&window);
-        layout->addWidget(other);
-        layout->addWidget(box);
-        box->setText(text);
-        box->setSelectionOnFocus(selectionOnFocus);
-        QVERIFY(Testing::showActive(window));
-        other->setFocus();
-        QSignalSpy change(box, &kdTextBox::Change);
-        field(box)->setFocus(Qt::OtherFocusReason);
-        QCOMPARE(box->Text(), after);
-        QCOMPARE(field(box)->selectedText(), selected);
-        QCOMPARE(change.count(), changes);
-    }
-
-    void focusColours()
-    {
-        QWidget window;
-        auto *layout = new QVBoxLayout(&window);
-        auto *other = new QLineEdit(&window);
-        auto *yellow = new kdTextBox(&window);
-        auto *keeps = new kdTextBox(&window);
-        auto *disabled = new kdTextBox(&window);
-        for (QWidget *w : {static_cast<QWidget *>(other), static_cast<QWidget *>(yellow),
-                           static_cast<QWidget *>(keeps), static_cast<QWidget *>(disabled)})
-            layout->addWidget(w);
-        yellow->setBackColor(0x00FFFF);
-        keeps->setChangeColorOnFocus(false);
-        keeps->setBackColor(0x00FFFF);
-        disabled->setEnabled(false);
-        QVERIFY(Testing::showActive(window));
-
-        field(yellow)->setFocus();
-        QCOMPARE(yellow->BackColor(), LegacyColor::FocusBackColor);
-        other->setFocus();
-        QCOMPARE(yellow->BackColor(), LegacyColor::WindowBackground); // the host's yellow is gone
-
-        field(keeps)->setFocus();
-        other->setFocus();
-        QCOMPARE(keeps->BackColor(), 0x00FFFFu);
-
-        // Focus events reaching a disabled box do not repaint it.
-        QFocusEvent in(QEvent::FocusIn, Qt::OtherFocusReason);
-        QApplication::sendEvent(field(disabled), &in);
-        QCOMPARE(disabled->BackColor(), LegacyColor::DisabledBackColor);
-
-        disabled->setEnabled(true);
-        QCOMPARE(disabled->BackColor(), LegacyColor::WindowBackground);
-    }
-
-    void upArrowMovesBackWithAnyShiftState_data()
-    {
-        QTest::addColumn<int>("modifiers");
-        QTest::newRow("alone") << int(Qt::NoModifier);
-        QTest::newRow("shift") << int(Qt::ShiftModifier);
-        QTest::newRow("ctrl") << int(Qt::ControlModifier);
-    }
-    void upArrowMovesBackWithAnyShiftState()
-    {
-        QFETCH(int, modifiers);
         Form f;
+        f.name->setText(text);
+        f.name->setSelectionOnFocus(selectionOnFocus);
         QVERIFY(Testing::showActive(f.window));
-        QList<int> codes;
-        connect(f.quantity, &kdTextBox::KeyDown, this, [&](qint16 &k, qint16 &) { codes << k; });
-        f.quantity->setFocus();
-        QTest::keyClick(field(f.quantity), Qt::Key_Up, Qt::KeyboardModifiers(modifiers));
-        Testing::settle();
-        QCOMPARE(QApplication::focusWidget(), field(f.code));
-        QVERIFY(codes.contains(38)); // after the modifier's own key-down
+        f.code->setFocus();
+        QSignalSpy change(f.name, &kdTextBox::Change);
+        field(f.name)->setFocus(Qt::OtherFocusReason);
+        QCOMPARE(f.name->Text(), after);
+        QCOMPARE(field(f.name)->selectedText(), selectionOnFocus ? after : QString());
+        QCOMPARE(change.count(), after == text ? 0 : 1);
     }
 
-    void flagsOffKeepTheFocus()
+    void everyPersistedPropertyNotifiesItsKeyAndLoadsBack()
     {
-        Form f;
-        f.quantity->setKeyEnterChangeFocus(false);
-        f.quantity->setKeyUpChangeFocus(false);
-        QVERIFY(Testing::showActive(f.window));
-        f.quantity->setFocus();
-        QTest::keyClick(field(f.quantity), Qt::Key_Return);
-        QTest::keyClick(field(f.quantity), Qt::Key_Up);
-        Testing::settle();
-        QCOMPARE(QApplication::focusWidget(), field(f.quantity));
-    }
-
-    void textAndValueRules()
-    {
+        const QList<QPair<const char *, QVariant>> values{
+            {"ForeColor", QVariant::fromValue<quint32>(0xFF0000)},
+            {"Appearance", QVariant::fromValue<qint16>(0)},
+            {"BorderStyle", QVariant::fromValue<qint16>(0)},
+            {"Alignment", QVariant::fromValue<qint16>(1)},
+            {"CausesValidation", false},
+            {"Locked", true},
+            {"MaxLength", qint32(5)},
+            {"PasswordChar", QStringLiteral("*")},
+            {"RightToLeft", true},
+            {"ToolTipText", QStringLiteral("Código")},
+            {"Text", QStringLiteral("A")},
+            {"AceptDecimals", true},
+            {"TypeOfValues", qint32(1)},
+            {"AceptNegative", true},
+            {"SelectionOnFocus", false},
+            {"ChangeColorOnFocus", false},
+            {"ConvertToUpper", false},
+            {"InitValue", QStringLiteral(" 0 ")},
+            {"KeyUpChangeFocus", false},
+            {"KeyEnterChangeFocus", false},
+            {"Enabled", false},
+            {"BackColor", QVariant::fromValue<quint32>(0xFF)}, // saved, but the load puts the disabled colour
+        };
         kdTextBox box;
-        box.setText(QStringLiteral("  ABC  "));
-        QCOMPARE(field(&box)->text(), QStringLiteral("ABC"));
-        field(&box)->setText(QStringLiteral(" X "));
-        QCOMPARE(box.Text(), QStringLiteral("X"));
-        QCOMPARE(box.Value(), 0.0);
-        box.setTypeOfValues(Numeric);
-        box.setText(QStringLiteral("O'BRIEN 1.2"));          // assignment is never filtered
-        QCOMPARE(box.Text(), QStringLiteral("O'BRIEN 1.2"));
-        QCOMPARE(box.Value(), 0.0);
-        box.setText(QStringLiteral("1.234,5"));
-        QCOMPARE(box.Value(), 1234.5);
-        box.setText(QString());
-        QCOMPARE(box.Value(), 0.0);
-    }
-
-    void everyPersistedPropertyNotifiesItsKey_data()
-    {
-        QTest::addColumn<QString>("property");
-        QTest::addColumn<QVariant>("value");
-        QTest::newRow("BackColor") << "BackColor" << QVariant::fromValue<quint32>(0xFF);
-        QTest::newRow("ForeColor") << "ForeColor" << QVariant::fromValue<quint32>(0xFF0000);
-        QTest::newRow("Appearance") << "Appearance" << QVariant::fromValue<qint16>(0);
-        QTest::newRow("BorderStyle") << "BorderStyle" << QVariant::fromValue<qint16>(0);
-        QTest::newRow("Alignment") << "Alignment" << QVariant::fromValue<qint16>(1);
-        QTest::newRow("CausesValidation") << "CausesValidation" << QVariant(false);
-        QTest::newRow("Locked") << "Locked" << QVariant(true);
-        QTest::newRow("MaxLength") << "MaxLength" << QVariant(qint32(5));
-        QTest::newRow("PasswordChar") << "PasswordChar" << QVariant(QStringLiteral("*"));
-        QTest::newRow("RightToLeft") << "RightToLeft" << QVariant(true);
-        QTest::newRow("ToolTipText") << "ToolTipText" << QVariant(QStringLiteral("Código"));
-        QTest::newRow("Text") << "Text" << QVariant(QStringLiteral("A"));
-        QTest::newRow("AceptDecimals") << "AceptDecimals" << QVariant(true);
-        QTest::newRow("TypeOfValues") << "TypeOfValues" << QVariant(qint32(1));
-        QTest::newRow("AceptNegative") << "AceptNegative" << QVariant(true);
-        QTest::newRow("SelectionOnFocus") << "SelectionOnFocus" << QVariant(false);
-        QTest::newRow("ChangeColorOnFocus") << "ChangeColorOnFocus" << QVariant(false);
-        QTest::newRow("ConvertToUpper") << "ConvertToUpper" << QVariant(false);
-        QTest::newRow("InitValue") << "InitValue" << QVariant(QStringLiteral(" 0 "));
-        QTest::newRow("KeyUpChangeFocus") << "KeyUpChangeFocus" << QVariant(false);
-        QTest::newRow("KeyEnterChangeFocus") << "KeyEnterChangeFocus" << QVariant(false);
-        QTest::newRow("Enabled") << "Enabled" << QVariant(false);
-    }
-    void everyPersistedPropertyNotifiesItsKey()
-    {
-        QFETCH(QString, property);
-        QFETCH(QVariant, value);
-        kdTextBox box;
-        QSignalSpy spy(&box, &kdTextBox::PropertyChanged);
-        QVERIFY(box.setProperty(qPrintable(property), value));
-        QCOMPARE(box.property(qPrintable(property)), value);
-        QVERIFY(!spy.isEmpty());
-        QCOMPARE(spy.last().at(0).toString(), property);
-
-        // …and it survives a save and a load into a fresh box.
+        QSignalSpy notified(&box, &kdTextBox::PropertyChanged);
+        for (const auto &[name, value] : values) {
+            QVERIFY2(box.setProperty(name, value) && !notified.isEmpty(), name);
+            QCOMPARE(notified.takeLast().at(0).toString(), QString::fromLatin1(name));
+        }
         PropertyBag bag;
         box.WriteProperties(bag);
-        QVERIFY(bag.contains(property));
+        QVERIFY(bag.contains(QStringLiteral("BackColor")));
         kdTextBox back;
         back.ReadProperties(PropertyBag::fromText(bag.toText()));
-        if (property != QLatin1String("BackColor")) // replaced by the enabled colour at load
-            QCOMPARE(back.property(qPrintable(property)), value);
+        for (const auto &[name, value] : values.first(values.size() - 1))
+            QVERIFY2(back.property(name) == value, name);
+        QCOMPARE(back.BackColor(), LegacyColor::DisabledBackColor);
     }
 
-    void newInstanceSavesOnlyTheTrueOfTheIntegerDefaults()
-    {
-        kdTextBox box;
-        PropertyBag bag;
-        box.WriteProperties(bag);
-        QCOMPARE(bag.keys(), (QStringList{"SelectionOnFocus", "ChangeColorOnFocus", "ConvertToUpper"}));
-        QVERIFY(bag.toText().contains(QLatin1String("SelectionOnFocus=   -1  'True")));
-
-        box.setSelectionOnFocus(false);
-        box.setAceptDecimals(false);
-        bag = PropertyBag();
-        box.WriteProperties(bag);
-        QVERIFY(bag.toText().contains(QLatin1String("SelectionOnFocus=   0   'False")));
-        QVERIFY(!bag.contains("AceptDecimals"));
-
-        kdTextBox loaded; // a missing key is read as its default
-        loaded.setSelectionOnFocus(false);
-        loaded.ReadProperties(PropertyBag());
-        QVERIFY(loaded.SelectionOnFocus());
-    }
-
+    // A block as the legacy form files hold it: indented, CRLF, blocks of other properties.
     void legacyFormBlockLoads()
     {
-        QWidget host;
-        auto *box = new kdTextBox(&host);
-        box->ReadProperties(PropertyBag::fromText(QStringLiteral(
-            "Begin Varnel_Controles.kdTextBox txtImporte\n"
-            "   Height          =   315\n"
-            "   TabIndex        =   4\n"
-            "   BeginProperty Font {0BE35203-8F91-11CE-9DE3-00AA004BB851}\n"
-            "      Name            =   \"DejaVu Sans\"\n"
-            "      Size            =   12\n"
-            "      Charset         =   0\n"
-            "      Weight          =   700\n"
-            "      Underline       =   0   'False\n"
-            "      Italic          =   0   'False\n"
-            "      Strikethrough   =   0   'False\n"
-            "   EndProperty\n"
-            "   BackColor       =   &H000000FF&\n"
-            "   Alignment       =   1\n"
-            "   MaxLength       =   10\n"
-            "   Text            =   \"0\"\n"
-            "   AceptDecimals   =   -1  'True\n"
-            "   TypeOfValues    =   1\n"
-            "   SelectionOnFocus=   0   'False\n"
-            "   InitValue       =   \"1\"\n"
-            "   KeyUpChangeFocus=   0   'False\n"
-            "   Extra           =   \"ignored\"\n"
-            "End\n")));
-        QCOMPARE(box->Font().family(), QStringLiteral("DejaVu Sans"));
-        QCOMPARE(box->Font().pointSizeF(), 12.0);
-        QCOMPARE(box->Font().bold(), true);
-        QCOMPARE(box->BackColor(), LegacyColor::WindowBackground); // the saved red is replaced
-        QCOMPARE(box->Alignment(), qint16(RightJustify));
-        QCOMPARE(box->MaxLength(), 10);
-        QCOMPARE(box->Text(), QStringLiteral("0"));
-        QVERIFY(box->AceptDecimals());
-        QCOMPARE(box->TypeOfValues(), qint32(Numeric));
-        QVERIFY(!box->SelectionOnFocus());
-        QCOMPARE(box->InitValue(), QStringLiteral("1"));
-        QVERIFY(!box->KeyUpChangeFocus());
-        QVERIFY(box->KeyEnterChangeFocus());
-        QVERIFY(box->ConvertToUpper());
-
-        box->ReadProperties(PropertyBag::fromText(QStringLiteral("BackColor = &H000000FF&\nEnabled = 0 'False\n")));
-        QCOMPARE(box->BackColor(), LegacyColor::DisabledBackColor);
-        QVERIFY(!box->isEnabled());
+        kdTextBox box;
+        box.setSelectionOnFocus(false); // a missing key is read as its default
+        box.ReadProperties(PropertyBag::fromText(QStringLiteral(
+            "   Begin Varnel_Controles.kdTextBox txtImporte \r\n"
+            "      _ExtentX        =   2143\r\n"
+            "      BeginProperty Font {0BE35203-8F91-11CE-9DE3-00AA004BB851} \r\n"
+            "         Name            =   \"DejaVu Sans\"\r\n"
+            "         Size            =   12\r\n"
+            "         Weight          =   700\r\n"
+            "      EndProperty\r\n"
+            "      BeginProperty DataFormat {6D835690-900B-11D0-9484-00A0C91110ED} \r\n"
+            "         Type            =   1\r\n"
+            "      EndProperty\r\n"
+            "      BackColor       =   &H000000FF&\r\n"
+            "      AceptDecimals   =   -1  'True\r\n"
+            "   End\r\n")));
+        QCOMPARE(box.Font().family(), QStringLiteral("DejaVu Sans"));
+        QCOMPARE(box.Font().pointSizeF(), 12.0);
+        QVERIFY(box.Font().bold());
+        QCOMPARE(box.BackColor(), LegacyColor::WindowBackground); // the saved red is replaced
+        QVERIFY(box.AceptDecimals());
+        QVERIFY(box.SelectionOnFocus());
     }
 };
 

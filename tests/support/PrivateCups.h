@@ -1,10 +1,9 @@
-// A cupsd of the test's own: its configuration, spool and socket in a temporary folder,
-// CUPS_SERVER pointing at it, queues that print to /dev/null. Start it before anything in the
-// process asks for printers.
+// A cupsd of the test's own: its configuration, spool and socket in a temporary folder, and
+// CUPS_SERVER pointing at it. Start it before anything in the process asks for printers.
 #pragma once
 
 #include <QProcess>
-#include <QString>
+#include <QStringList>
 #include <QTemporaryDir>
 
 namespace Varnel_Controles::Testing {
@@ -12,21 +11,16 @@ namespace Varnel_Controles::Testing {
 class PrivateCups
 {
 public:
-    PrivateCups();
-    ~PrivateCups();
+    ~PrivateCups() { stop(); }
 
-    /// Starts the daemon; false with a reason in error() when it does not come up.
-    bool start();
+    /// Starts the daemon with these queues (raw, never printed to); false with a reason in
+    /// error() when it does not come up.
+    bool start(const QStringList &queues, const QString &defaultQueue);
     QString error() const { return m_error; }
-    bool addQueue(const QString &name);
-    bool removeQueue(const QString &name);
-    bool setDefault(const QString &name);
     /// Stops the daemon (the socket goes away: the print system is down).
     void stop();
 
 private:
-    bool lpadmin(const QStringList &arguments);
-
     QTemporaryDir m_dir;
     QProcess m_daemon;
     QString m_error;
