@@ -9,7 +9,6 @@
 
 #include <QLineEdit>
 #include <QPushButton>
-#include <QVBoxLayout>
 
 using namespace Varnel_Controles;
 
@@ -53,9 +52,7 @@ struct Host
     TextField *code = lookup->findChild<TextField *>(QStringLiteral("txtCodigo"));
     explicit Host(const Variant &variant, const QString &flags = {}) : x(variant)
     {
-        auto *layout = new QVBoxLayout(&window);
-        layout->addWidget(lookup);
-        layout->addWidget(after);
+        Testing::stack(window, {lookup, after});
         lookup->setKeyEnterChangeFocus(true);
         lookup->setVital(flags.contains(u'V'));
         lookup->setInicial(flags.contains(u'I'));
