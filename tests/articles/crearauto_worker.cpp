@@ -1,6 +1,6 @@
 // Issues automatic barcodes for consecutive articles of company 1 from its own connection,
-// storing each new one as the article's automatic barcode in the same transaction (as the
-// article's save does), and prints them.
+// storing each new one as the article's automatic barcode in the transaction that issued it (as
+// the article's save does), and prints them.
 // Usage: kd_crearauto_worker DATABASE COUNT FIRST_ARTICLE
 #include "articles/clsArticulo_CBarra.h"
 #include "data/Conexion.h"
@@ -15,43 +15,34 @@ using namespace Varnel_Controles;
 int main(int argc, char **argv)
 {
     QCoreApplication app(argc, argv);
-    QTextStream out(stdout), err(stderr);
-    if (argc != 4) {
-        err << "uso: kd_crearauto_worker BASE CANTIDAD PRIMER_ARTICULO\n";
+    if (argc != 4)
         return 2;
-    }
     try {
-        // Workers save back to back, far more often than clerks do: they wait their turn.
-        Conexion::setDefaultBusyTimeout(60000);
-        Conexion *c = Conexion::open(QStringLiteral("sqlite:") + QString::fromLocal8Bit(argv[1]));
+        Conexion::setDefaultBusyTimeout(60000); // workers save back to back, far more often than clerks do
+        const std::unique_ptr<Conexion> c(Conexion::open(QStringLiteral("sqlite:") + QString::fromLocal8Bit(argv[1])));
         cEmpresa empresa(1);
         clsArticulo_CBarra barcode;
-        barcode.setConexion(c);
+        barcode.setConexion(c.get());
         barcode.setCEmpresa(&empresa);
-        const int count = QByteArray(argv[2]).toInt();
+        barcode.setAutomatico(true);
+        qint32 owner = 0;
+        QString name;
+        qint16 units = 0;
+        bool principal = false;
         const int first = QByteArray(argv[3]).toInt();
-        for (int i = 0; i < count; ++i) {
-            barcode.setCod_Articulo(first + i);
+        for (int article = first; article < first + QByteArray(argv[2]).toInt(); ++article) {
+            barcode.setCod_Articulo(article);
             c->beginTrans();
             const QString code = barcode.CrearAuto();
-            qint32 article = 0;
-            QString name;
-            qint16 units = 0;
-            bool principal = false;
-            if (!barcode.Existe(code, article, name, units, principal)) {
+            if (!barcode.Existe(code, owner, name, units, principal)) {
                 barcode.setCod_Barras(code);
-                barcode.setPrincipal(false);
-                barcode.setAutomatico(true);
-                barcode.setUnidades(1);
                 barcode.Insertar();
             }
             c->commitTrans();
-            out << code << "\n";
+            QTextStream(stdout) << code << "\n";
         }
-        out.flush();
-        delete c;
     } catch (const DbError &e) {
-        err << e.Source() << ": " << e.Description() << "\n";
+        QTextStream(stderr) << e.Source() << ": " << e.Description() << "\n";
         return 1;
     }
     return 0;

@@ -1,4 +1,3 @@
-#include "articles/EanCheckDigit.h"
 #include "articles/clsArticulo_CBarra.h"
 #include "data/DbError.h"
 #include "data/FechaSQL.h"
@@ -8,536 +7,353 @@
 #include "support/TestDatabase.h"
 
 #include <QProcess>
-#include <QSet>
 #include <QTest>
 #include <optional>
 #include <type_traits>
 
 using namespace Varnel_Controles;
 
+// The range of Calc_Check reaches SQL only as numbers.
+static_assert(!std::is_invocable_v<decltype(&clsArticulo_CBarra::Calc_Check), clsArticulo_CBarra &, QString, QString>);
+
 namespace {
+
+// The statement of Existe for a code.
+QString existe(const QString &code)
+{
+    return QStringLiteral("SELECT a.Cod_Articulo, a.Unidades, ISNULL(b.Descripcion,'') AS Nombre ,a.Principal FROM "
+                          "Articulos_CBarras a LEFT JOIN Articulos b ON ( b.Cod_Empresa = a.Cod_Empresa and b.Codigo = "
+                          "a.Cod_Articulo) WHERE a.Cod_Barras = '%1' and a.Cod_Empresa = 1").arg(code);
+}
+
+// The DbError an operation raises; number 0 when it raises none.
+template <typename Operation>
+DbError raised(Operation operation)
+{
+    try {
+        operation();
+    } catch (const DbError &e) {
+        return e;
+    }
+    return DbError(0, QStringLiteral("no error"));
+}
 
 struct Fixture
 {
     Testing::TestDatabase db;
+    Testing::ScriptedUi ui;
     clsArticulo_CBarra cb;
+    Recordset rs;
     Fixture()
     {
         cb.setConexion(db.conexion());
         cb.setCEmpresa(db.empresa());
     }
-    QStringList barcodes(int article)
+    // "code|principal|units" of the article's barcodes.
+    QStringList barcodes(int article) const
     {
-        return db.rows(QStringLiteral("SELECT Cod_Barras, Principal FROM Articulos_CBarras WHERE Cod_Empresa = 1 AND Cod_Articulo = %1 ORDER BY Cod_Barras").arg(article));
+        return db.rows(QStringLiteral("SELECT Cod_Barras, Principal, Unidades FROM Articulos_CBarras WHERE Cod_Empresa = 1 "
+                                      "AND Cod_Articulo = %1 ORDER BY Cod_Barras").arg(article));
     }
-    int principals(int article)
+    // Calls an operation as a form does, the fields set first (two units). A read gives back
+    // what it found and loaded; a write, the article's barcodes after it.
+    QString call(const QString &op, int article, const QString &code = {}, bool principal = true)
     {
-        return db.scalar(QStringLiteral("SELECT COUNT(*) FROM Articulos_CBarras WHERE Cod_Empresa = 1 AND Cod_Articulo = %1 AND Principal = 1").arg(article)).toInt();
+        cb.setKey(article);
+        cb.setCod_Articulo(article);
+        cb.setCod_Barras(code);
+        cb.setPrincipal(principal);
+        cb.setUnidades(2);
+        std::optional<QString> read;
+        const auto loaded = [&](bool found) {
+            return QStringLiteral("%1 %2 %3 %4 %5 %6").arg(found).arg(cb.Cod_Articulo()).arg(cb.Cod_Barras())
+                .arg(cb.Unidades()).arg(cb.Principal()).arg(cb.Fecha().toString(Qt::ISODate));
+        };
+        const QHash<QString, std::function<void()>> calls{
+            {"Cargar", [&] { read = loaded(cb.Cargar(rs, article)); }},
+            {"Cargar_Siguiente", [&] { read = loaded(cb.Cargar_Siguiente(rs)); }},
+            {"Cargar_Anterior", [&] { read = loaded(cb.Cargar_Anterior(rs)); }},
+            {"Cargar_Primero", [&] { read = loaded(cb.Cargar_Primero(rs)); }},
+            {"Cargar_Ultimo", [&] { read = loaded(cb.Cargar_Ultimo(rs)); }},
+            {"Dev_CodigoBarraPrincipal", [&] { read = cb.Dev_CodigoBarraPrincipal(article); }},
+            {"Insertar", [&] { cb.Insertar(); }},
+            {"Cambia_Principal", [&] { cb.Cambia_Principal(code); }},
+            {"Modificar", [&] { cb.Modificar(QStringLiteral("98765432")); }},
+            {"ModificarPrincipal", [&] { cb.ModificarPrincipal(); }},
+            {"Eliminar", [&] { cb.Eliminar(code, article, principal); }},
+            {"Calc_Check", [&] { cb.Calc_Check(article, article + 9); }},
+        };
+        calls.value(op)();
+        return read ? *read : barcodes(article).join(u',');
     }
 };
 
+// One call on the seeded company: what it gives back, the statements it announces, and the
+// source its failure carries once the table is gone.
+struct Call
+{
+    QString op;
+    int article;
+    QString code;
+    bool principal;
+    QString result, source;
+    QStringList statements; // {hoy}: today as the statements write it
+};
+
+// An operation whose second statement fails (the trigger raising), or whose insert is refused.
+struct Fault
+{
+    QString op;
+    int article;
+    QString code, trigger;
+    bool nested;
+};
+
+// CrearAuto for article 5 after `setup`: the code or the error, the counter, the statements.
+struct Auto
+{
+    QStringList setup;
+    QString code, error, counter;
+    QStringList statements = {};
+};
+
 } // namespace
+
+Q_DECLARE_METATYPE(Call)
+Q_DECLARE_METATYPE(Fault)
+Q_DECLARE_METATYPE(Auto)
 
 class tst_clsArticulo_CBarra : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void checkDigits_data()
+    // The digit completing a payload; a code of 7 digits or more is valid only with it.
+    void checkDigitsAndValidation_data()
     {
         QTest::addColumn<QString>("payload");
         QTest::addColumn<int>("digit");
-        QTest::newRow("EAN-8 9810001") << "9810001" << 9;
-        QTest::newRow("EAN-8 9810002") << "9810002" << 6;
-        QTest::newRow("EAN-8 9810010") << "9810010" << 1;
-        QTest::newRow("EAN-13 400638133393") << "400638133393" << 1;
-        QTest::newRow("EAN-13 841234567890") << "841234567890" << 5;
-        QTest::newRow("UPC-A weighted from the left") << "03600029145" << 8;
-        QTest::newRow("letters count 0") << "98A0001" << EanCheckDigit::compute(QStringLiteral("9800001"));
+        QTest::newRow("EAN-8") << "9810001" << 9;
+        QTest::newRow("letters count 0, pass") << "98A0001" << 2;
         QTest::newRow("after the twelfth ignored") << "4006381333939" << 1;
         QTest::newRow("nine digits: EAN-13 weights") << "100000000" << 9;
         QTest::newRow("eight digits: EAN-8 weights") << "10000000" << 7;
     }
-    void checkDigits()
+    void checkDigitsAndValidation()
     {
         QFETCH(QString, payload);
         QFETCH(int, digit);
         clsArticulo_CBarra cb;
         QCOMPARE(int(cb.Dev_Check(payload)), digit);
+        cb.setCod_Barras(payload + QString::number(digit));
+        QVERIFY(cb.Validar());
+        cb.setCod_Barras(payload + QString::number((digit + 1) % 10));
+        QCOMPARE(cb.Validar(), payload.toULongLong() == 0); // letters pass
     }
 
-    void storedCodeRecomputed()
+    void resultsStatementsAndFailureSources_data()
     {
-        clsArticulo_CBarra cb;
-        cb.setCod_Barras(QStringLiteral("98100019"));
-        QCOMPARE(int(cb.Dev_Check(QString())), 9);
-        cb.setCod_Barras(QString());
-        try {
-            cb.Dev_Check(QString());
-            QFAIL("no error");
-        } catch (const DbError &e) {
-            QCOMPARE(e.Source(), QStringLiteral("clsCodigos_Barra::Dev_Check"));
-        }
+        QTest::addColumn<Call>("c");
+        const QString walk = QStringLiteral("SELECT * From Articulos_CBarras WHERE Cod_Empresa=1 and Cod_Articulo = (%1) "
+                                            "ORDER BY Principal DESC");
+        const QString step = QStringLiteral("SELECT TOP 1 Cod_Articulo FROM Articulos_CBarras WHERE Cod_Empresa =1 AND "
+                                            "Cod_Articulo %1 ORDER BY Cod_Articulo %2");
+        const QString insert = QStringLiteral(
+            "INSERT INTO Articulos_CBarras (Cod_Empresa, Cod_Articulo, Cod_Barras, Principal, Fecha, Unidades, "
+            "Automatico) VALUES (1, 1, '84000001', %1, '{hoy}', 2, 0)");
+        QTest::newRow("Cargar, principal first") << Call{"Cargar", 1, "", true, "1 1 8412345678905 1 1 2025-01-10", "Cargar",
+            {"SELECT * FROM Articulos_CBarras WHERE Cod_Articulo = 1 and Cod_Empresa = 1 ORDER BY Principal DESC"}};
+        QTest::newRow("Cargar_Siguiente") << Call{"Cargar_Siguiente", 1, "", true, "1 2 4006381333931 1 1 2025-02-11",
+                                                  "Cargar", {walk.arg(step.arg("> 1", "ASC"))}};
+        QTest::newRow("Cargar_Siguiente: the last, nothing moves")
+            << Call{"Cargar_Siguiente", 4711, "", true, "0 4711  2 1 ", "Cargar", {walk.arg(step.arg("> 4711", "ASC"))}};
+        QTest::newRow("Cargar_Anterior") << Call{"Cargar_Anterior", 4711, "", true, "1 4 98765432 1 0 2025-04-13",
+                                                 "Cargar", {walk.arg(step.arg("< 4711", "DESC"))}};
+        QTest::newRow("Cargar_Primero") << Call{"Cargar_Primero", 4, "", true, "1 1 8412345678905 1 1 2025-01-10", "Cargar",
+            {walk.arg("SELECT ISNULL(MIN(Cod_Articulo), '') FROM Articulos_CBarras WHERE Cod_Empresa =1")}};
+        QTest::newRow("Cargar_Ultimo") << Call{"Cargar_Ultimo", 1, "", true, "1 4711 8470001234561 1 1 2025-07-16", "Cargar",
+            {walk.arg("SELECT ISNULL(MAX(Cod_Articulo), 0) FROM Articulos_CBarras WHERE Cod_Empresa =1")}};
+        QTest::newRow("Dev_CodigoBarraPrincipal") << Call{"Dev_CodigoBarraPrincipal", 2, "", true, "4006381333931", "Existe",
+            {"SELECT Cod_Barras FROM Articulos_CBarras WHERE Cod_Articulo = 2 AND Cod_Empresa = 1 AND Principal = 1"}};
+        QTest::newRow("Insertar, principal: the old one demoted") << Call{"Insertar", 1, "84000001", true,
+            "18412345678902|0|12,84000001|1|2,8412345678905|0|1,84123457|0|1", "Insertar",
+            {"UPDATE Articulos_CBarras SET Principal =0 WHERE Cod_Empresa =1 AND Cod_Articulo =1 AND Principal =1",
+             insert.arg(1)}};
+        QTest::newRow("Insertar, not principal") << Call{"Insertar", 1, "84000001", false,
+            "18412345678902|0|12,84000001|0|2,8412345678905|1|1,84123457|0|1", "Insertar", {insert.arg(0)}};
+        QTest::newRow("Cambia_Principal") << Call{"Cambia_Principal", 1, "84123457", true,
+            "18412345678902|0|12,8412345678905|0|1,84123457|1|1", "Modificar",
+            {"UPDATE Articulos_CBarras SET Principal=0 WHERE Cod_Empresa =1 AND Cod_Articulo =1 AND Principal = 1",
+             "UPDATE Articulos_CBarras SET Principal = 1 WHERE Cod_Empresa =1 AND Cod_Articulo =1 AND "
+             "Cod_Barras = '84123457'"}};
+        QTest::newRow("Modificar: the row of Key") << Call{"Modificar", 4, "98765433", true, "98765433|1|2", "Modificar",
+            {"UPDATE Articulos_CBarras SET Cod_Barras ='98765433', Unidades =2, Principal =1 WHERE Cod_Empresa =1 AND "
+             "Cod_Articulo =4 AND Cod_Barras ='98765432'"}};
+        QTest::newRow("ModificarPrincipal, its own code") << Call{"ModificarPrincipal", 4711, "8470001234561", true,
+            "8470001234561|1|1", "Modificar", {existe("8470001234561"), "UPDATE Articulos_CBarras SET Cod_Barras "
+            "='8470001234561' WHERE Cod_Empresa =1 AND Cod_Articulo =4711 AND Principal = 1"}};
+        QTest::newRow("Eliminar, principal: another promoted") << Call{"Eliminar", 1, "8412345678905", true,
+            "18412345678902|1|12,84123457|0|1", "Existe",
+            {"UPDATE Articulos_CBarras SET Principal= 1 FROM (SELECT Top 1 * FROM Articulos_CBarras WHERE Principal = 0 "
+             "and Cod_Empresa =1 and Cod_Articulo =1) as a Where a.Cod_Barras = Articulos_CBarras.Cod_Barras",
+             "DELETE FROM Articulos_CBarras WHERE Cod_Empresa = 1 and Cod_Articulo = 1 and Cod_Barras = '8412345678905'"}};
+        QTest::newRow("Calc_Check") << Call{"Calc_Check", 1, "", true, "18412345678902|0|12,8412345678905|1|1,84123457|0|1",
+            "Calc_Check", {"SELECT LTRIM(RTRIM(Cod_Barras)) AS Cod_Barras FROM Articulos_CBarras WHERE Cod_Empresa =1 AND "
+            "Cod_Articulo BETWEEN 1 AND 10 AND LEN(Cod_Barras) = 12 OR LEN(Cod_Barras) = 7"}};
     }
-
-    void validation_data()
+    void resultsStatementsAndFailureSources()
     {
-        QTest::addColumn<QString>("code");
-        QTest::addColumn<bool>("valid");
-        QTest::newRow("empty") << "" << true;
-        QTest::newRow("short") << "12345" << true;
-        QTest::newRow("alphanumeric") << "ABC1234567" << true;
-        QTest::newRow("blank inside") << "9810 0019" << true;
-        QTest::newRow("apostrophe") << "98100'18" << true;
-        QTest::newRow("EAN-8 valid") << "98100019" << true;
-        QTest::newRow("EAN-8 wrong") << "98100018" << false;
-        QTest::newRow("EAN-13 valid") << "4006381333931" << true;
-        QTest::newRow("EAN-13 wrong") << "4006381333932" << false;
-        QTest::newRow("UPC-A rejected") << "036000291452" << false;
-    }
-    void validation()
-    {
-        QFETCH(QString, code);
-        QFETCH(bool, valid);
-        clsArticulo_CBarra cb;
-        cb.setCod_Barras(code);
-        QCOMPARE(cb.Validar(), valid);
-    }
-
-    void loadingAndNavigation()
-    {
+        QFETCH(Call, c);
         Fixture f;
-        Recordset rs;
-        QVERIFY(f.cb.Cargar(rs, 1));
-        QCOMPARE(f.cb.Cod_Barras(), QStringLiteral("8412345678905")); // the principal first
-        QVERIFY(f.cb.Principal());
-        QCOMPARE(f.cb.Fecha(), QDate(2025, 1, 10));
-        QCOMPARE(f.cb.Unidades(), qint16(1));
-        rs.moveNext(); // the caller reads the others
-        QVERIFY(!rs.eof());
-        rs.moveNext();
-        QCOMPARE(rs.text(QStringLiteral("Cod_Barras")).size() > 0, true);
-        rs.moveNext();
-        QVERIFY(rs.eof());
-
-        QVERIFY(!f.cb.Cargar(rs, 3)); // no barcodes
-        QVERIFY(rs.isOpen() && rs.eof());
-        QCOMPARE(f.cb.Cod_Articulo(), 3);
-        QCOMPARE(f.cb.Cod_Barras(), QStringLiteral("8412345678905")); // the previous row's fields stay
-
-        QVERIFY(f.cb.Cargar_Siguiente(rs)); // Key is still 1: a miss does not move it
-        QCOMPARE(f.cb.Cod_Articulo(), 2);
-        QVERIFY(f.cb.Cargar_Siguiente(rs));
-        QCOMPARE(f.cb.Cod_Articulo(), 4);
-        QVERIFY(f.cb.Cargar_Siguiente(rs));
-        QCOMPARE(f.cb.Cod_Articulo(), 4711);
-        QVERIFY(!f.cb.Cargar_Siguiente(rs)); // the last: nothing moves
-        QCOMPARE(f.cb.Cod_Articulo(), 4711);
-        QVERIFY(f.cb.Cargar_Anterior(rs)); // still from 4711
-        QCOMPARE(f.cb.Cod_Articulo(), 4);
-        QVERIFY(f.cb.Cargar_Primero(rs));
-        QCOMPARE(f.cb.Cod_Articulo(), 1);
-        QVERIFY(!f.cb.Cargar_Anterior(rs));
-        QCOMPARE(f.cb.Cod_Articulo(), 1);
-        QVERIFY(f.cb.Cargar_Ultimo(rs));
-        QCOMPARE(f.cb.Cod_Articulo(), 4711);
-        QCOMPARE(f.cb.Cod_Barras(), QStringLiteral("8470001234561"));
-
-        f.db.conexion()->execute(QStringLiteral("DELETE FROM Articulos_CBarras WHERE Cod_Empresa = 1"));
-        QVERIFY(!f.cb.Cargar_Primero(rs)); // a company without barcodes
-        QVERIFY(!f.cb.Cargar_Ultimo(rs));
-    }
-
-    void queries()
-    {
-        Fixture f;
-        QCOMPARE(f.cb.Dev_CodigoBarraPrincipal(2), QStringLiteral("4006381333931"));
-        QCOMPARE(f.cb.Dev_CodigoBarraPrincipal(3), QString());
-        qint32 art = -5;
-        QString name = QStringLiteral("x");
-        qint16 units = -5;
-        bool principal = true;
-        QVERIFY(f.cb.Existe(QStringLiteral("18412345678902"), art, name, units, principal));
-        QCOMPARE(art, 1);
-        QCOMPARE(name, QStringLiteral("TORNILLO HEXAGONAL M6"));
-        QCOMPARE(units, qint16(12));
-        QCOMPARE(principal, false);
-        f.db.conexion()->execute(QStringLiteral("INSERT INTO Articulos_CBarras (Cod_Empresa, Cod_Articulo, Cod_Barras, Principal, Unidades) VALUES (1, 999, '555', 1, 6)"));
-        QVERIFY(f.cb.Existe(QStringLiteral("555"), art, name, units, principal));
-        QCOMPARE(name, QString()); // no article row
-        art = -5;
-        QVERIFY(!f.cb.Existe(QStringLiteral("O'NEIL"), art, name, units, principal));
-        QCOMPARE(art, -5); // a miss leaves the arguments alone
-    }
-
-    void principalRules()
-    {
-        Fixture f;
-        // A new principal demotes the old one.
-        f.cb.setCod_Articulo(1);
-        f.cb.setCod_Barras(QStringLiteral("84000001"));
-        f.cb.setPrincipal(true);
-        f.cb.setUnidades(6);
-        f.cb.Insertar();
-        QCOMPARE(f.principals(1), 1);
-        QCOMPARE(f.cb.Dev_CodigoBarraPrincipal(1), QStringLiteral("84000001"));
-        QCOMPARE(f.db.rows(QStringLiteral("SELECT Fecha, Unidades, Automatico FROM Articulos_CBarras WHERE Cod_Barras = '84000001'")),
-                 QStringList{QDate::currentDate().toString(Qt::ISODate) + QStringLiteral("|6|0")});
-        // A non-principal insert touches nothing else.
-        f.cb.setCod_Barras(QStringLiteral("84000002"));
-        f.cb.setPrincipal(false);
-        f.cb.Insertar();
-        QCOMPARE(f.cb.Dev_CodigoBarraPrincipal(1), QStringLiteral("84000001"));
-        // Deleting the principal promotes another of the article.
-        f.cb.Eliminar(QStringLiteral("84000001"), 1, true);
-        QCOMPARE(f.principals(1), 1);
-        QVERIFY(!f.barcodes(1).join(u',').contains(QLatin1String("84000001")));
-        // Deleting the only barcode leaves none.
-        f.cb.Eliminar(QStringLiteral("4006381333931"), 2, true);
-        QVERIFY(f.barcodes(2).isEmpty());
-        // Changing the principal; to a code the article does not have leaves it without one.
-        f.cb.setCod_Articulo(1);
-        f.cb.Cambia_Principal(QStringLiteral("84123457"));
-        QCOMPARE(f.cb.Dev_CodigoBarraPrincipal(1), QStringLiteral("84123457"));
-        f.cb.Cambia_Principal(QStringLiteral("00000000"));
-        QCOMPARE(f.principals(1), 0);
-        // Modificar rewrites the row of Key, leaving the others' flags.
-        Recordset rs;
-        f.cb.Cargar(rs, 4);
-        f.cb.setCod_Barras(QStringLiteral("98765433"));
-        f.cb.setUnidades(3);
-        f.cb.setPrincipal(true);
-        f.cb.Modificar(QStringLiteral("98765432"));
-        QCOMPARE(f.barcodes(4), QStringList{"98765433|1"});
-    }
-
-    void modificarPrincipalAsksBeforeMovingACode()
-    {
-        Fixture f;
-        Testing::ScriptedUi ui;
-        const QString before = f.db.fingerprint();
-        f.cb.setCod_Articulo(4711);
-        f.cb.setCod_Barras(QStringLiteral("84123457")); // article 1's
-        f.cb.setPrincipal(true);
-        ui.answerMessages({UiSeam::vbNo});
-        f.cb.ModificarPrincipal();
-        QCOMPARE(ui.messages.size(), 1);
-        QCOMPARE(ui.messages[0].prompt, QStringLiteral("El EAN 84123457 existe en el artículo 1 - TORNILLO HEXAGONAL M6. ¿Desea Traspasarlo?"));
-        QCOMPARE(ui.messages[0].style, 4 + 32 + 256);
-        QCOMPARE(ui.messages[0].title, QStringLiteral("Confirme la operación..."));
-        QCOMPARE(f.db.fingerprint(), before);
-
-        ui.answerMessages({UiSeam::vbYes});
-        f.cb.ModificarPrincipal();
-        QCOMPARE(f.barcodes(4711), QStringList{"84123457|1"}); // the principal's code replaced in place
-        QVERIFY(!f.barcodes(1).join(u',').contains(QLatin1String("84123457")));
-
-        // The code of the other article's principal: that article elects another one.
-        f.cb.setCod_Barras(QStringLiteral("8412345678905"));
-        ui.answerMessages({UiSeam::vbYes});
-        f.cb.ModificarPrincipal();
-        QCOMPARE(f.principals(1), 1);
-        QCOMPARE(f.cb.Dev_CodigoBarraPrincipal(4711), QStringLiteral("8412345678905"));
-
-        // An article without a principal gets a new row of one unit.
-        f.cb.setCod_Articulo(4);
-        f.cb.setCod_Barras(QStringLiteral("22222222"));
-        f.cb.setUnidades(9);
-        ui.messages.clear();
-        f.cb.ModificarPrincipal();
-        QCOMPARE(f.barcodes(4), (QStringList{"22222222|1", "98765432|0"}));
-        QCOMPARE(f.db.scalar(QStringLiteral("SELECT Unidades FROM Articulos_CBarras WHERE Cod_Barras='22222222'")).toInt(), 1);
-        // A code the article already has asks nothing.
-        f.cb.ModificarPrincipal();
-        QVERIFY(ui.messages.isEmpty());
-        QCOMPARE(f.barcodes(4), (QStringList{"22222222|1", "98765432|0"}));
-    }
-
-    void statementsAsWritten()
-    {
-        Fixture f;
-        Testing::ScriptedUi ui;
-        Recordset rs;
-        f.cb.Cargar(rs, 1);
-        f.cb.Cargar_Siguiente(rs);
-        f.cb.Cargar_Anterior(rs);
-        f.cb.Cargar_Primero(rs);
-        f.cb.Cargar_Ultimo(rs);
-        rs.close();
-        f.cb.Dev_CodigoBarraPrincipal(7);
-        qint32 a; QString n; qint16 u; bool p;
-        f.cb.Existe(QStringLiteral("O'B"), a, n, u, p);
-        f.cb.setCod_Articulo(5);
-        f.cb.setCod_Barras(QStringLiteral("555"));
-        f.cb.setPrincipal(true);
-        f.cb.setUnidades(2);
-        f.cb.setAutomatico(true);
-        f.cb.Insertar();
-        f.cb.Cambia_Principal(QStringLiteral("555"));
-        f.cb.setKey(5);
-        f.cb.Modificar(QStringLiteral("555"));
-        f.cb.Eliminar(QStringLiteral("555"), 5, true);
-        f.cb.Calc_Check(1, 10);
-        const QString hoy = FechaSQL::instance().Hoy();
-        const QStringList expected{
-            "SELECT * FROM Articulos_CBarras WHERE Cod_Articulo = 1 and Cod_Empresa = 1 ORDER BY Principal DESC",
-            "SELECT * From Articulos_CBarras WHERE Cod_Empresa=1 and Cod_Articulo = (SELECT TOP 1 Cod_Articulo FROM Articulos_CBarras WHERE Cod_Empresa =1 AND Cod_Articulo > 1 ORDER BY Cod_Articulo ASC) ORDER BY Principal DESC",
-            "SELECT * From Articulos_CBarras WHERE Cod_Empresa=1 and Cod_Articulo = (SELECT TOP 1 Cod_Articulo FROM Articulos_CBarras WHERE Cod_Empresa =1 AND Cod_Articulo < 2 ORDER BY Cod_Articulo DESC) ORDER BY Principal DESC",
-            "SELECT * From Articulos_CBarras WHERE Cod_Empresa=1 and Cod_Articulo = (SELECT ISNULL(MIN(Cod_Articulo), '') FROM Articulos_CBarras WHERE Cod_Empresa =1) ORDER BY Principal DESC",
-            "SELECT * From Articulos_CBarras WHERE Cod_Empresa=1 and Cod_Articulo = (SELECT ISNULL(MAX(Cod_Articulo), 0) FROM Articulos_CBarras WHERE Cod_Empresa =1) ORDER BY Principal DESC",
-            "SELECT Cod_Barras FROM Articulos_CBarras WHERE Cod_Articulo = 7 AND Cod_Empresa = 1 AND Principal = 1",
-            "SELECT a.Cod_Articulo, a.Unidades, ISNULL(b.Descripcion,'') AS Nombre ,a.Principal FROM Articulos_CBarras a LEFT JOIN Articulos b ON ( b.Cod_Empresa = a.Cod_Empresa and b.Codigo = a.Cod_Articulo) WHERE a.Cod_Barras = 'O''B' and a.Cod_Empresa = 1",
-            "UPDATE Articulos_CBarras SET Principal =0 WHERE Cod_Empresa =1 AND Cod_Articulo =5 AND Principal =1",
-            "INSERT INTO Articulos_CBarras (Cod_Empresa, Cod_Articulo, Cod_Barras, Principal, Fecha, Unidades, Automatico) VALUES (1, 5, '555', 1, '" + hoy + "', 2, 1)",
-            "UPDATE Articulos_CBarras SET Principal=0 WHERE Cod_Empresa =1 AND Cod_Articulo =5 AND Principal = 1",
-            "UPDATE Articulos_CBarras SET Principal = 1 WHERE Cod_Empresa =1 AND Cod_Articulo =5 AND Cod_Barras = '555'",
-            "UPDATE Articulos_CBarras SET Cod_Barras ='555', Unidades =2, Principal =1 WHERE Cod_Empresa =1 AND Cod_Articulo =5 AND Cod_Barras ='555'",
-            "UPDATE Articulos_CBarras SET Principal= 1 FROM (SELECT Top 1 * FROM Articulos_CBarras WHERE Principal = 0 and Cod_Empresa =1 and Cod_Articulo =5) as a Where a.Cod_Barras = Articulos_CBarras.Cod_Barras",
-            "DELETE FROM Articulos_CBarras WHERE Cod_Empresa = 1 and Cod_Articulo = 5 and Cod_Barras = '555'",
-            "SELECT LTRIM(RTRIM(Cod_Barras)) AS Cod_Barras FROM Articulos_CBarras WHERE Cod_Empresa =1 AND Cod_Articulo BETWEEN 1 AND 10 AND LEN(Cod_Barras) = 12 OR LEN(Cod_Barras) = 7",
-        };
-        QCOMPARE(f.db.statements, expected);
-    }
-
-    void failuresCarryTheirSource_data()
-    {
-        QTest::addColumn<int>("operation");
-        QTest::addColumn<QString>("source");
-        QTest::newRow("Cargar") << 0 << "clsCodigos_Barra::Cargar";
-        QTest::newRow("Cargar_Siguiente") << 1 << "clsCodigos_Barra::Cargar";
-        QTest::newRow("Cargar_Ultimo") << 2 << "clsCodigos_Barra::Cargar";
-        QTest::newRow("Dev_CodigoBarraPrincipal") << 3 << "clsCodigos_Barra::Existe";
-        QTest::newRow("Existe") << 4 << "clsCodigos_Barra::Existe";
-        QTest::newRow("Eliminar") << 5 << "clsCodigos_Barra::Existe";
-        QTest::newRow("Insertar") << 6 << "clsCodigos_Barra::Insertar";
-        QTest::newRow("Cambia_Principal") << 7 << "clsCodigos_Barra::Modificar";
-        QTest::newRow("Modificar") << 8 << "clsCodigos_Barra::Modificar";
-        QTest::newRow("ModificarPrincipal") << 9 << "clsCodigos_Barra::Modificar";
-        QTest::newRow("Calc_Check") << 10 << "clsCodigos_Barra::Calc_Check";
-    }
-    void failuresCarryTheirSource()
-    {
-        QFETCH(int, operation);
-        QFETCH(QString, source);
-        Fixture f;
+        QCOMPARE(f.call(c.op, c.article, c.code, c.principal), c.result);
+        QCOMPARE(f.db.statements,
+                 c.statements.replaceInStrings(QStringLiteral("{hoy}"), FechaSQL::instance().Hoy()));
+        f.rs.close();
         f.db.conexion()->execute(QStringLiteral("ALTER TABLE Articulos_CBarras RENAME TO Fuera"));
-        Recordset rs;
-        qint32 a; QString n; qint16 u; bool p;
-        try {
-            switch (operation) {
-            case 0: f.cb.Cargar(rs, 1); break;
-            case 1: f.cb.Cargar_Siguiente(rs); break;
-            case 2: f.cb.Cargar_Ultimo(rs); break;
-            case 3: f.cb.Dev_CodigoBarraPrincipal(1); break;
-            case 4: f.cb.Existe(QStringLiteral("1"), a, n, u, p); break;
-            case 5: f.cb.Eliminar(QStringLiteral("1"), 1, false); break;
-            case 6: f.cb.Insertar(); break;
-            case 7: f.cb.Cambia_Principal(QStringLiteral("1")); break;
-            case 8: f.cb.Modificar(QStringLiteral("1")); break;
-            case 9: f.cb.ModificarPrincipal(); break;
-            case 10: f.cb.Calc_Check(1, 2); break;
-            }
-            QFAIL("no error");
-        } catch (const DbError &e) {
-            QCOMPARE(e.Source(), source);
-            QVERIFY(e.Description().contains(QLatin1String("Fuera")) || e.Description().contains(QLatin1String("Articulos_CBarras")));
-        }
+        const DbError e = raised([&] { f.call(c.op, c.article, c.code, c.principal); });
+        QCOMPARE(e.Source(), QStringLiteral("clsCodigos_Barra::") + c.source);
     }
 
     // Each two-statement operation succeeds whole or changes nothing, on its own or inside the
     // caller's transaction (which goes on and can still commit what it did before).
     void aFailingSecondStatementChangesNothing_data()
     {
-        QTest::addColumn<int>("operation");
-        QTest::addColumn<QString>("fault");
-        QTest::addColumn<bool>("nested");
-        const QString onInsert = QStringLiteral("CREATE TRIGGER fallo BEFORE INSERT ON Articulos_CBarras BEGIN SELECT RAISE(ABORT, 'fallo inyectado'); END");
-        const QString onPromote = QStringLiteral("CREATE TRIGGER fallo BEFORE UPDATE ON Articulos_CBarras WHEN NEW.Principal = 1 "
-                                                 "BEGIN SELECT RAISE(ABORT, 'fallo inyectado'); END");
-        const QString onDelete = QStringLiteral("CREATE TRIGGER fallo BEFORE DELETE ON Articulos_CBarras BEGIN SELECT RAISE(ABORT, 'fallo inyectado'); END");
-        const QString onRewrite = QStringLiteral("CREATE TRIGGER fallo BEFORE UPDATE OF Cod_Barras ON Articulos_CBarras "
-                                                 "BEGIN SELECT RAISE(ABORT, 'fallo inyectado'); END");
+        QTest::addColumn<Fault>("c");
         for (bool nested : {false, true}) {
             const char *where = nested ? "inside the caller's transaction" : "alone";
-            QTest::addRow("Insertar: the insert fails, %s", where) << 0 << onInsert << nested;
-            QTest::addRow("Insertar: the code is the article's already, %s", where) << 1 << QString() << nested;
-            QTest::addRow("Cambia_Principal: the promotion fails, %s", where) << 2 << onPromote << nested;
-            QTest::addRow("Eliminar: the delete fails, %s", where) << 3 << onDelete << nested;
-            QTest::addRow("ModificarPrincipal: the code moves, the rewrite fails, %s", where) << 4 << onRewrite << nested;
+            QTest::addRow("Insertar: the insert fails, %s", where)
+                << Fault{"Insertar", 1, "84000001", "INSERT ON Articulos_CBarras", nested};
+            QTest::addRow("Insertar: the code is the article's already, %s", where)
+                << Fault{"Insertar", 1, "84123457", "", nested};
+            QTest::addRow("Cambia_Principal: the promotion fails, %s", where)
+                << Fault{"Cambia_Principal", 1, "84123457", "UPDATE ON Articulos_CBarras WHEN NEW.Principal = 1", nested};
+            QTest::addRow("Eliminar: the delete fails, %s", where)
+                << Fault{"Eliminar", 1, "8412345678905", "DELETE ON Articulos_CBarras", nested};
+            QTest::addRow("ModificarPrincipal: the code moves, the rewrite fails, %s", where)
+                << Fault{"ModificarPrincipal", 4711, "84123457", "UPDATE OF Cod_Barras ON Articulos_CBarras", nested};
         }
     }
     void aFailingSecondStatementChangesNothing()
     {
-        QFETCH(int, operation);
-        QFETCH(QString, fault);
-        QFETCH(bool, nested);
+        QFETCH(Fault, c);
         Fixture f;
-        Testing::ScriptedUi ui;
-        Conexion *c = f.db.conexion();
-        if (!fault.isEmpty())
-            c->execute(fault);
+        f.ui.answerMessages({UiSeam::vbYes}); // ModificarPrincipal: article 1's code moves to article 4711
+        Conexion *db = f.db.conexion();
+        if (!c.trigger.isEmpty())
+            db->execute("CREATE TRIGGER fallo BEFORE " + c.trigger + " BEGIN SELECT RAISE(ABORT, 'fallo inyectado'); END");
         std::optional<TransactionScope> caller;
-        if (nested) {
-            caller.emplace(c);
-            c->execute(QStringLiteral("DELETE FROM Marcas WHERE Codigo = 1"));
+        if (c.nested) {
+            caller.emplace(db);
+            db->execute(QStringLiteral("DELETE FROM Marcas WHERE Codigo = 1"));
         }
         const QString before = f.db.fingerprint();
-        f.cb.setCod_Articulo(1);
-        f.cb.setCod_Barras(QStringLiteral("84123457")); // operation 1: already a barcode of article 1
-        f.cb.setPrincipal(true);
-        try {
-            switch (operation) {
-            case 0: f.cb.setCod_Barras(QStringLiteral("84000001")); f.cb.Insertar(); break;
-            case 1: f.cb.Insertar(); break;
-            case 2: f.cb.Cambia_Principal(QStringLiteral("84123457")); break;
-            case 3: f.cb.Eliminar(QStringLiteral("8412345678905"), 1, true); break;
-            default: // article 1's code moves to article 4711 when the clerk says Yes
-                ui.answerMessages({UiSeam::vbYes});
-                f.cb.setCod_Articulo(4711);
-                f.cb.ModificarPrincipal();
-                break;
-            }
-            QFAIL("no error");
-        } catch (const DbError &e) {
-            QVERIFY2(fault.isEmpty() || e.Description().contains(QLatin1String("fallo inyectado")), qPrintable(e.Description()));
-        }
+        const DbError e = raised([&] { f.call(c.op, c.article, c.code); });
+        QVERIFY2(e.Number() != 0 && (c.trigger.isEmpty() || e.Description().contains(QLatin1String("fallo inyectado"))),
+                 qPrintable(e.Description()));
         QCOMPARE(f.db.fingerprint(), before);
-        QCOMPARE(f.principals(1), 1);
-        QCOMPARE(c->inTransaction(), nested);
-        if (nested) {
+        QCOMPARE(db->inTransaction(), c.nested);
+        if (caller) {
             caller->commit();
             QCOMPARE(f.db.scalar(QStringLiteral("SELECT COUNT(*) FROM Marcas WHERE Codigo = 1")).toInt(), 0);
         }
     }
 
-    // The range reaches SQL only as numbers.
-    void checkDigitRangeIsNumeric()
+    void modificarPrincipalAsksBeforeMovingACode()
     {
-        static_assert(!std::is_invocable_v<decltype(&clsArticulo_CBarra::Calc_Check), clsArticulo_CBarra &, QString, QString>,
-                      "a text range would be pasted into the statement");
         Fixture f;
         const QString before = f.db.fingerprint();
-        f.cb.Calc_Check(-5, 0);
-        QCOMPARE(f.db.statements, QStringList{"SELECT LTRIM(RTRIM(Cod_Barras)) AS Cod_Barras FROM Articulos_CBarras WHERE Cod_Empresa =1 "
-                                              "AND Cod_Articulo BETWEEN -5 AND 0 AND LEN(Cod_Barras) = 12 OR LEN(Cod_Barras) = 7"});
+        f.ui.answerMessages({UiSeam::vbNo});
+        f.call(QStringLiteral("ModificarPrincipal"), 4711, QStringLiteral("84123457")); // article 1's
+        QCOMPARE(f.ui.messages.size(), 1);
+        QCOMPARE(f.ui.messages[0].prompt,
+                 QStringLiteral("El EAN 84123457 existe en el artículo 1 - TORNILLO HEXAGONAL M6. ¿Desea Traspasarlo?"));
+        QCOMPARE(QString::number(f.ui.messages[0].style) + u' ' + f.ui.messages[0].title, "292 Confirme la operación...");
         QCOMPARE(f.db.fingerprint(), before);
+        // Yes: the code of another article's principal replaces this one's; that article elects another.
+        f.ui.answerMessages({UiSeam::vbYes});
+        QCOMPARE(f.call(QStringLiteral("ModificarPrincipal"), 4711, QStringLiteral("8412345678905")), "8412345678905|1|1");
+        QCOMPARE(f.barcodes(1), (QStringList{"18412345678902|1|12", "84123457|0|1"}));
+        QCOMPARE(f.call(QStringLiteral("ModificarPrincipal"), 4, QStringLiteral("22222222")), // none: a row of one unit
+                 "22222222|1|1,98765432|0|1");
     }
 
+    // The range's twelve-character codes get their digit, and (no parentheses around the range)
+    // every seven-character code of the table, trimmed; completed codes are not selected again.
     void completingCheckDigits()
     {
         Fixture f;
-        Conexion *c = f.db.conexion();
-        c->execute(QStringLiteral("INSERT INTO Articulos_CBarras (Cod_Empresa, Cod_Articulo, Cod_Barras) VALUES "
-                                  "(1, 5, '400638133393'), (1, 50, '841234567890'), (1, 3, '9810001 '), (2, 1, '9810002'), (1, 5, '12345')"));
-        f.cb.Calc_Check(1, 10);
-        QCOMPARE(f.db.rows(QStringLiteral("SELECT Cod_Empresa, Cod_Articulo, Cod_Barras FROM Articulos_CBarras WHERE LEN(Cod_Barras) <> 13 OR Cod_Articulo IN (5, 50) ORDER BY 1, 2, 3")),
-                 (QStringList{"1|1|18412345678902", "1|1|84123457", "1|3|98100019", "1|4|98765432", "1|5|12345",
-                              "1|5|4006381333931", "1|50|841234567890", "2|1|98100026"}));
-        f.cb.Calc_Check(1, 10); // completed codes are not selected again
-        QCOMPARE(f.db.scalar(QStringLiteral("SELECT COUNT(*) FROM Articulos_CBarras WHERE LEN(Cod_Barras) IN (9, 14) AND Cod_Articulo <> 1")).toInt(), 0);
+        f.db.conexion()->execute(QStringLiteral("INSERT INTO Articulos_CBarras (Cod_Empresa, Cod_Articulo, Cod_Barras) "
+                                                "VALUES (1,5,'400638133393'), (1,50,'841234567890'), (2,1,'9810002 ')"));
+        for (int twice = 0; twice < 2; ++twice)
+            f.cb.Calc_Check(1, 10);
+        QCOMPARE(f.db.rows(QStringLiteral("SELECT Cod_Barras FROM Articulos_CBarras WHERE Cod_Articulo IN (5, 50) OR "
+                                          "Cod_Empresa = 2 ORDER BY 1")),
+                 (QStringList{"4006381333931", "841234567890", "8412345678905", "98100026"}));
     }
 
+    void automaticCodes_data()
+    {
+        QTest::addColumn<Auto>("c");
+        const QString counter = QStringLiteral("INSERT INTO Contador_CBarras (Cod_Empresa, Cod_Barras) VALUES (1, '%1')");
+        const QString barcode = QStringLiteral("INSERT INTO Articulos_CBarras (Cod_Empresa, Cod_Articulo, Cod_Barras, "
+                                               "Automatico) VALUES (1, %1, '%2', %3)");
+        const QStringList locked{"SELECT * FROM Contador_CBarras WHERE Cod_Empresa=1",
+                                 "SELECT * FROM Articulos_CBarras WHERE Cod_Empresa=1 AND Cod_Articulo=5 AND Automatico=1"};
+        QTest::newRow("the first; its own code is looked up under the counter's lock") << Auto{{}, "98100019", "", "9810001",
+            locked + QStringList{"INSERT INTO Contador_CBarras (Cod_Empresa, Cod_Barras) VALUES (1, '9810001')"}};
+        QTest::newRow("a number given by hand is skipped")
+            << Auto{{counter.arg(9810001), barcode.arg(6).arg("98100026").arg(0)}, "98100033", "", "9810003",
+                    locked + QStringList{existe("98100026"), existe("98100033"),
+                                         "UPDATE Contador_CBarras SET Cod_Barras = '9810003' WHERE Cod_Empresa = 1"}};
+        QTest::newRow("the article's automatic code again, the counter stays")
+            << Auto{{counter.arg(9810003), barcode.arg(5).arg("98100033").arg(1)}, "98100033", "", "9810003", locked};
+        QTest::newRow("past 9999999: eight digits") << Auto{{counter.arg(9999999)}, "100000007", "", "10000000"};
+        for (const char *stored : {"&HFFFFFFFFFFFFFFFFFFF", "1e300", "-5"})
+            QTest::addRow("%s is refused", stored)
+                << Auto{{counter.arg(stored)}, "", QStringLiteral("guarda «%1»").arg(stored), stored};
+        QTest::newRow("twenty digits") << Auto{{counter.arg("99999999999999999999")}, "",
+                                               "no es un número entero de hasta 19 cifras", "99999999999999999999"};
+        QTest::newRow("the largest number") << Auto{{counter.arg("9999999999999999999")}, "",
+                                                    "ha llegado a 9999999999999999999", "9999999999999999999"};
+    }
     void automaticCodes()
     {
+        QFETCH(Auto, c);
         Fixture f;
-        f.cb.setCod_Articulo(5);
-        QCOMPARE(f.cb.CrearAuto(), QStringLiteral("98100019"));
-        QCOMPARE(f.db.rows(QStringLiteral("SELECT Cod_Barras FROM Contador_CBarras WHERE Cod_Empresa = 1")), QStringList{"9810001"});
-        // The article's own code is looked up under the counter's lock.
-        QCOMPARE(f.db.statements, (QStringList{"SELECT * FROM Contador_CBarras WHERE Cod_Empresa=1",
-                                               "SELECT * FROM Articulos_CBarras WHERE Cod_Empresa=1 AND Cod_Articulo=5 AND Automatico=1",
-                                               "INSERT INTO Contador_CBarras (Cod_Empresa, Cod_Barras) VALUES (1, '9810001')"}));
-
-        // 98100026 was given by hand: skipped.
-        f.db.conexion()->execute(QStringLiteral("INSERT INTO Articulos_CBarras (Cod_Empresa, Cod_Articulo, Cod_Barras) VALUES (1, 6, '98100026')"));
-        f.cb.setCod_Articulo(3);
+        for (const QString &sql : std::as_const(c.setup))
+            f.db.conexion()->execute(sql);
         f.db.statements.clear();
-        QCOMPARE(f.cb.CrearAuto(), QStringLiteral("98100033"));
-        QCOMPARE(f.db.statements.mid(2, 3), (QStringList{
-            "SELECT a.Cod_Articulo, a.Unidades, ISNULL(b.Descripcion,'') AS Nombre ,a.Principal FROM Articulos_CBarras a LEFT JOIN Articulos b ON ( b.Cod_Empresa = a.Cod_Empresa and b.Codigo = a.Cod_Articulo) WHERE a.Cod_Barras = '98100026' and a.Cod_Empresa = 1",
-            "SELECT a.Cod_Articulo, a.Unidades, ISNULL(b.Descripcion,'') AS Nombre ,a.Principal FROM Articulos_CBarras a LEFT JOIN Articulos b ON ( b.Cod_Empresa = a.Cod_Empresa and b.Codigo = a.Cod_Articulo) WHERE a.Cod_Barras = '98100033' and a.Cod_Empresa = 1",
-            "UPDATE Contador_CBarras SET Cod_Barras = '9810003' WHERE Cod_Empresa = 1"}));
-        QCOMPARE(f.db.scalar(QStringLiteral("SELECT Cod_Barras FROM Contador_CBarras")).toString(), QStringLiteral("9810003"));
-
-        // An article that has its automatic code gets it again, the counter stays.
-        f.cb.setCod_Barras(QStringLiteral("98100033"));
-        f.cb.setAutomatico(true);
-        f.cb.Insertar();
-        QCOMPARE(f.cb.CrearAuto(), QStringLiteral("98100033"));
-        QCOMPARE(f.db.scalar(QStringLiteral("SELECT Cod_Barras FROM Contador_CBarras")).toString(), QStringLiteral("9810003"));
-
-        // Past 9999999 the number has eight digits and still EAN-8 weights.
-        f.db.conexion()->execute(QStringLiteral("UPDATE Contador_CBarras SET Cod_Barras = '9999999'"));
-        f.cb.setCod_Articulo(4);
-        QCOMPARE(f.cb.CrearAuto(), QStringLiteral("100000007"));
-    }
-
-    void counterOutOfRangeIsAnError_data()
-    {
-        QTest::addColumn<QString>("stored");
-        QTest::addColumn<QString>("message");
-        QTest::newRow("hexadecimal beyond 64 bits") << "&HFFFFFFFFFFFFFFFFFFF" << "guarda «&HFFFFFFFFFFFFFFFFFFF»";
-        QTest::newRow("beyond a double's integers") << "1e300" << "guarda «1e300»";
-        QTest::newRow("twenty digits") << "99999999999999999999" << "no es un número entero de hasta 19 cifras";
-        QTest::newRow("negative") << "-5" << "guarda «-5»";
-        QTest::newRow("the largest number") << "9999999999999999999" << "ha llegado a 9999999999999999999";
-    }
-    void counterOutOfRangeIsAnError()
-    {
-        QFETCH(QString, stored);
-        QFETCH(QString, message);
-        Fixture f;
-        f.db.conexion()->execute(QStringLiteral("INSERT INTO Contador_CBarras (Cod_Empresa, Cod_Barras) VALUES (1, '%1')").arg(stored));
         f.cb.setCod_Articulo(5);
-        try {
-            f.cb.CrearAuto();
-            QFAIL("a code was issued");
-        } catch (const DbError &e) {
-            QVERIFY2(e.Description().contains(message), qPrintable(e.Description()));
-            QCOMPARE(e.Number(), 6);
-            QCOMPARE(e.Source(), QStringLiteral("clsCodigos_Barra::CrearAuto"));
-        }
-        QCOMPARE(f.db.scalar(QStringLiteral("SELECT Cod_Barras FROM Contador_CBarras")).toString(), stored);
+        QString code;
+        const DbError e = raised([&] { code = f.cb.CrearAuto(); });
+        QCOMPARE(code, c.code);
+        QVERIFY2(e.Description().contains(c.error), qPrintable(e.Description()));
+        QCOMPARE(QString::number(e.Number()) + e.Source(), c.error.isEmpty() ? "0" : "6clsCodigos_Barra::CrearAuto");
+        QCOMPARE(f.db.rows(QStringLiteral("SELECT Cod_Barras FROM Contador_CBarras")), QStringList{c.counter});
+        if (!c.statements.isEmpty())
+            QCOMPARE(f.db.statements, c.statements);
         QVERIFY(!f.db.conexion()->inTransaction());
     }
 
-    // Four processes on one file, each storing the code in the transaction that issued it.
-    void fourProcessesNeverShareACode_data()
-    {
-        QTest::addColumn<int>("articleStep"); // between the first articles of two processes
-        QTest::addColumn<int>("codes");
-        QTest::newRow("different articles") << 1000 << 1000;
-        QTest::newRow("the same articles") << 0 << 250;
-    }
+    // Four processes on one file ask for the same 250 articles, each storing the code in the
+    // transaction that issued it: one code for each article, none given twice.
     void fourProcessesNeverShareACode()
     {
-        QFETCH(int, articleStep);
-        QFETCH(int, codes);
         Testing::TestDatabase db;
-        QList<QProcess *> workers;
-        for (int w = 0; w < 4; ++w) {
-            auto *p = new QProcess(this);
-            p->start(QStringLiteral(KD_CREARAUTO_WORKER), {db.path(), QStringLiteral("250"), QString::number(10000 + w * articleStep)});
-            workers << p;
+        QProcess workers[4];
+        for (QProcess &p : workers)
+            p.start(QStringLiteral(KD_CREARAUTO_WORKER), {db.path(), QStringLiteral("250"), QStringLiteral("10000")});
+        QStringList issued;
+        for (QProcess &p : workers) {
+            QVERIFY(p.waitForFinished(300000));
+            QVERIFY2(p.exitCode() == 0, p.readAllStandardError().constData());
+            issued << QString::fromLatin1(p.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts);
         }
-        QSet<QString> issued;
-        for (QProcess *p : workers) {
-            QVERIFY(p->waitForFinished(300000));
-            QVERIFY2(p->exitCode() == 0, p->readAllStandardError().constData());
-            for (const QByteArray &line : p->readAllStandardOutput().split('\n'))
-                if (!line.isEmpty())
-                    issued.insert(QString::fromLatin1(line));
-        }
-        QCOMPARE(issued.size(), codes);
-        QCOMPARE(db.scalar(QStringLiteral("SELECT Cod_Barras FROM Contador_CBarras WHERE Cod_Empresa = 1")).toString(),
-                 QString::number(9810000 + codes));
-        QCOMPARE(db.scalar(QStringLiteral("SELECT COUNT(*) FROM Articulos_CBarras WHERE Automatico = 1")).toInt(), codes);
-        QCOMPARE(db.scalar(QStringLiteral("SELECT COUNT(DISTINCT Cod_Articulo) FROM Articulos_CBarras WHERE Automatico = 1")).toInt(), codes);
-        for (const QString &code : std::as_const(issued)) {
-            clsArticulo_CBarra check;
-            check.setCod_Barras(code);
-            QVERIFY2(check.Validar() && code.startsWith(QLatin1String("981")), qPrintable(code));
-        }
+        issued.removeDuplicates();
+        QCOMPARE(issued.size(), 250);
+        const QString automatic = QStringLiteral("SELECT c.Cod_Barras, COUNT(*), COUNT(DISTINCT Cod_Articulo) FROM "
+                                                 "Contador_CBarras c, Articulos_CBarras a WHERE a.Automatico = 1");
+        QCOMPARE(db.rows(automatic), QStringList{"9810250|250|250"});
     }
 };
 

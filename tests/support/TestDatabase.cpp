@@ -2,13 +2,16 @@
 
 #include "DemoData.h"
 
+#include <QAbstractItemModel>
 #include <QCryptographicHash>
 #include <QFile>
+#include <QRegularExpression>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QSqlRecord>
-#include <QMap>
+#include <algorithm>
 #include <memory>
+#include <set>
 #include <stdexcept>
 
 // Resources of a static library are registered by hand, outside any namespace.
@@ -29,12 +32,9 @@ QString seededTemplate()
         initSeedResource();
         QFile seed(QStringLiteral(":/testsupport/seed.sql"));
         seed.open(QIODevice::ReadOnly);
-        QString text;
-        for (const QString &line : QString::fromUtf8(seed.readAll()).split(u'\n'))
-            if (!line.trimmed().startsWith(QLatin1String("--")))
-                text += line + u'\n';
+        const QRegularExpression comments(QStringLiteral("^[ \\t]*--.*$"), QRegularExpression::MultilineOption);
         QSqlQuery q(connection->database());
-        for (const QString &statement : text.split(QStringLiteral(";\n")))
+        for (const QString &statement : QString::fromUtf8(seed.readAll()).remove(comments).split(QStringLiteral(";\n")))
             if (!statement.trimmed().isEmpty() && !q.exec(statement))
                 throw std::runtime_error(("seed: " + q.lastError().text() + " in " + statement).toStdString());
         return file; // closing the last connection folds the write-ahead log into the file
@@ -47,13 +47,10 @@ QString seededTemplate()
 TestDatabase::TestDatabase(int demoArticles)
 {
     m_path = m_dir.filePath(QStringLiteral("empresa.db"));
-    if (demoArticles > 0) {
-        Demo::Options o;
-        o.articulos = demoArticles;
-        Demo::generate(m_path, o);
-    } else if (!QFile::copy(seededTemplate(), m_path)) {
+    if (demoArticles > 0)
+        Demo::generate(m_path, Demo::Options{.articulos = demoArticles});
+    else if (!QFile::copy(seededTemplate(), m_path))
         throw std::runtime_error("seed: the seeded database could not be copied");
-    }
     m_connection = Conexion::open(QStringLiteral("sqlite:") + m_path);
     Conexion::resetShared();
     Conexion::setShared(m_connection);
@@ -70,10 +67,9 @@ TestDatabase::~TestDatabase()
 
 cEmpresa *TestDatabase::empresa(qint16 code)
 {
-    auto *company = cEmpresa::Cargar(m_connection, code);
-    m_companies << company;
+    m_companies << cEmpresa::Cargar(m_connection, code);
     statements.clear();
-    return company;
+    return m_companies.last();
 }
 
 QVariant TestDatabase::scalar(const QString &sql) const
@@ -99,18 +95,28 @@ QStringList TestDatabase::rows(const QString &sql) const
     return out;
 }
 
+QStringList TestDatabase::rows(const QAbstractItemModel &model)
+{
+    QStringList out;
+    for (int r = 0; r < model.rowCount(); ++r) {
+        QStringList cells;
+        for (int c = 0; c < model.columnCount(); ++c)
+            cells << model.index(r, c).data().toString();
+        out << cells.join(u'|');
+    }
+    return out;
+}
+
 QString TestDatabase::fingerprint() const
 {
-    return QString::fromLatin1(QCryptographicHash::hash(snapshot().join(u'\n').toUtf8(), QCryptographicHash::Sha1).toHex());
+    const QByteArray all = snapshot().join(u'\n').toUtf8();
+    return QString::fromLatin1(QCryptographicHash::hash(all, QCryptographicHash::Sha1).toHex());
 }
 
 QStringList TestDatabase::snapshot() const
 {
-    QSqlQuery tables(m_connection->database());
-    tables.exec(QStringLiteral("SELECT name FROM sqlite_master WHERE type='table' ORDER BY name"));
     QStringList out;
-    while (tables.next()) {
-        const QString table = tables.value(0).toString();
+    for (const QString &table : rows(QStringLiteral("SELECT name FROM sqlite_master WHERE type='table' ORDER BY name"))) {
         QStringList all = rows(QStringLiteral("SELECT * FROM %1").arg(table));
         all.sort();
         for (const QString &row : std::as_const(all))
@@ -121,15 +127,11 @@ QStringList TestDatabase::snapshot() const
 
 int TestDatabase::changedRows(const QStringList &before, const QStringList &after)
 {
-    QMap<QString, int> count;
-    for (const QString &row : before)
-        ++count[row];
-    for (const QString &row : after)
-        --count[row];
-    int gone = 0, added = 0;
-    for (int n : std::as_const(count))
-        (n > 0 ? gone : added) += qAbs(n);
-    return qMax(gone, added);
+    const std::multiset<QString> old(before.begin(), before.end()), now(after.begin(), after.end());
+    QStringList gone, added;
+    std::set_difference(old.begin(), old.end(), now.begin(), now.end(), std::back_inserter(gone));
+    std::set_difference(now.begin(), now.end(), old.begin(), old.end(), std::back_inserter(added));
+    return int(qMax(gone.size(), added.size()));
 }
 
 } // namespace Varnel_Controles::Testing

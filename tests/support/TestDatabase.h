@@ -9,6 +9,8 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+class QAbstractItemModel;
+
 namespace Varnel_Controles::Testing {
 
 class TestDatabase
@@ -28,6 +30,8 @@ public:
     QVariant scalar(const QString &sql) const;
     /// The rows of a query as "a|b|c" lines.
     QStringList rows(const QString &sql) const;
+    /// The rows a grid shows, in the same form.
+    static QStringList rows(const QAbstractItemModel &model);
     /// A fingerprint of every table (row counts and a checksum of the rows).
     QString fingerprint() const;
     /// Every row of every table as "table|a|b|c", in a stable order.
