@@ -5,10 +5,10 @@
 #include "BenchData.h"
 #include "BenchUtil.h"
 
-#include <data/Conexion.h>
-#include <data/DbError.h>
-#include <data/Recordset.h>
-#include <data/SqlText.h>
+#include <Varnel_Controles/Conexion.h>
+#include <Varnel_Controles/DbError.h>
+#include <Varnel_Controles/Recordset.h>
+#include <Varnel_Controles/SqlText.h>
 
 #include <QCoreApplication>
 #include <QFile>

@@ -5,8 +5,8 @@
 #include "BenchData.h"
 #include "BenchUtil.h"
 
-#include <data/Conexion.h>
-#include <search/frmBusqueda_Proveedores.h>
+#include <Varnel_Controles/Conexion.h>
+#include <Varnel_Controles/frmBusqueda_Proveedores.h>
 
 #include <QApplication>
 #include <QSqlQuery>

@@ -3,9 +3,9 @@
 #include "BenchData.h"
 #include "BenchUtil.h"
 
-#include <data/Conexion.h>
-#include <data/cEmpresa.h>
-#include <lookup/kdProveedor.h>
+#include <Varnel_Controles/Conexion.h>
+#include <Varnel_Controles/cEmpresa.h>
+#include <Varnel_Controles/kdProveedor.h>
 
 #include <QApplication>
 #include <QKeyEvent>

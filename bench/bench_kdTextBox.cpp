@@ -2,7 +2,7 @@
 // plain QLineEdit receiving the same keystrokes.
 #include "BenchUtil.h"
 
-#include <input/kdTextBox.h>
+#include <Varnel_Controles/kdTextBox.h>
 
 #include <QApplication>
 #include <QKeyEvent>

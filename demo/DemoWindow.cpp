@@ -2,8 +2,8 @@
 
 #include "DemoScreen.h"
 
-#include <data/Conexion.h>
-#include <data/cEmpresa.h>
+#include <Varnel_Controles/Conexion.h>
+#include <Varnel_Controles/cEmpresa.h>
 
 #include <QApplication>
 #include <QDir>

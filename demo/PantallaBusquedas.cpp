@@ -1,14 +1,14 @@
 #include "PantallaBusquedas.h"
 
-#include <data/DbError.h>
-#include <data/cEmpresa.h>
-#include <input/kdTextBox.h>
-#include <platform/KeyCodes.h>
-#include <platform/Legacy.h>
-#include <platform/UiSeam.h>
-#include <search/frmBusqueda_Clientes.h>
-#include <search/frmBusqueda_Marcas.h>
-#include <search/frmBusqueda_Proveedores.h>
+#include <Varnel_Controles/DbError.h>
+#include <Varnel_Controles/cEmpresa.h>
+#include <Varnel_Controles/kdTextBox.h>
+#include <Varnel_Controles/KeyCodes.h>
+
+#include <Varnel_Controles/UiSeam.h>
+#include <Varnel_Controles/frmBusqueda_Clientes.h>
+#include <Varnel_Controles/frmBusqueda_Marcas.h>
+#include <Varnel_Controles/frmBusqueda_Proveedores.h>
 
 #include <QGridLayout>
 #include <QLabel>
@@ -74,7 +74,7 @@ void PantallaBusquedas::openMarca(Row row)
     choose(dialog, [](frmBusqueda &d) { return static_cast<frmBusqueda_Marcas &>(d).Codigo(); },
            [](frmBusqueda &d) { return static_cast<frmBusqueda_Marcas &>(d).Nombre_Marca(); }, row.code, row.name);
     if (dialog.Codigo() != 0)
-        row.code->setText(Legacy::Format00(dialog.Codigo())); // brand codes show as two digits
+        row.code->setText(QStringLiteral("%1").arg(dialog.Codigo(), 2, 10, QLatin1Char('0'))); // brand codes show as two digits
 }
 
 void PantallaBusquedas::openProveedor(Row row)

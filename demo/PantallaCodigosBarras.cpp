@@ -1,13 +1,13 @@
 #include "PantallaCodigosBarras.h"
 
-#include <data/DbError.h>
-#include <data/FechaSQL.h>
-#include <data/Recordset.h>
-#include <data/SqlText.h>
-#include <data/cEmpresa.h>
-#include <input/kdTextBox.h>
-#include <platform/Legacy.h>
-#include <platform/UiSeam.h>
+#include <Varnel_Controles/DbError.h>
+#include <Varnel_Controles/FechaSQL.h>
+#include <Varnel_Controles/Recordset.h>
+#include <Varnel_Controles/SqlText.h>
+#include <Varnel_Controles/cEmpresa.h>
+#include <Varnel_Controles/kdTextBox.h>
+
+#include <Varnel_Controles/UiSeam.h>
 
 #include <QCheckBox>
 #include <QHBoxLayout>
@@ -143,7 +143,7 @@ void PantallaCodigosBarras::show(Recordset &rs)
         const bool principal = rs.field(QStringLiteral("Principal")).toInt() != 0;
         const QStringList cells{rs.text(QStringLiteral("Cod_Barras")), principal ? QStringLiteral("Sí") : QString(),
                                 rs.text(QStringLiteral("Unidades")),
-                                Legacy::FormatDate(FechaSQL::Leer(rs.field(QStringLiteral("Fecha")))),
+                                FechaSQL::Corta(FechaSQL::Leer(rs.field(QStringLiteral("Fecha")))),
                                 rs.field(QStringLiteral("Automatico")).toInt() ? QStringLiteral("Sí") : QString()};
         for (int c = 0; c < cells.size(); ++c)
             vsCodigos->setItem(row, c, new QTableWidgetItem(cells[c]));

@@ -5,7 +5,7 @@
 
 #include "DemoScreen.h"
 
-#include <articles/clsArticulo_CBarra.h>
+#include <Varnel_Controles/clsArticulo_CBarra.h>
 
 class QCheckBox;
 class QLabel;

@@ -1,11 +1,9 @@
-// A data-entry form as host screens build it: code, name, quantity and price boxes that
-// Enter walks like Tab, with the values the host reads back.
+// A data-entry form as host screens build it, made in Qt Designer (PantallaEntrada.ui): code,
+// name, quantity and price boxes that Enter walks like Tab, with the values the host reads back.
 #pragma once
 
 #include "DemoScreen.h"
-
-class QLabel;
-namespace Varnel_Controles { class kdTextBox; }
+#include "ui_PantallaEntrada.h"
 
 class PantallaEntrada : public DemoScreen
 {
@@ -20,6 +18,5 @@ public:
 private:
     void refresh();
 
-    Varnel_Controles::kdTextBox *txtCodigo, *txtNombre, *txtCantidad, *txtPrecio;
-    QLabel *lblValores;
+    Ui::PantallaEntrada ui;
 };

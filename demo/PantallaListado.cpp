@@ -1,10 +1,11 @@
 #include "PantallaListado.h"
 
-#include <input/kdDispositivo.h>
-#include <input/kdImpresoras.h>
-#include <input/kdMaskEdBox.h>
-#include <platform/Legacy.h>
-#include <platform/LegacyError.h>
+#include <Varnel_Controles/kdDispositivo.h>
+#include <Varnel_Controles/kdImpresoras.h>
+#include <Varnel_Controles/kdMaskEdBox.h>
+
+#include <Varnel_Controles/FechaSQL.h>
+#include <Varnel_Controles/LegacyError.h>
 
 #include <QDate>
 #include <QFormLayout>
@@ -31,7 +32,7 @@ PantallaListado::PantallaListado(QWidget *parent)
     txtDesde = new kdMaskEdBox(this);
     txtDesde->setObjectName(QStringLiteral("txtDesde"));
     txtDesde->setFunctionDate(true);
-    txtDesde->setDefault(Legacy::FormatDate(QDate(today.year(), today.month(), 1)));
+    txtDesde->setDefault(FechaSQL::Corta(QDate(today.year(), today.month(), 1)));
     txtDesde->setFixedWidth(100);
     txtHasta = new kdMaskEdBox(this);
     txtHasta->setObjectName(QStringLiteral("txtHasta"));
@@ -81,7 +82,7 @@ void PantallaListado::describe()
 void PantallaListado::prepareScreenshot()
 {
     txtDesde->setText(txtDesde->Default());
-    txtHasta->setText(Legacy::FormatDate(QDate::currentDate()));
+    txtHasta->setText(FechaSQL::Corta(QDate::currentDate()));
     describe();
     txtHasta->setFocus();
 }

@@ -1,7 +1,7 @@
 #include "PantallaRangos.h"
 
-#include <lookup/kdCliente.h>
-#include <lookup/kdProveedor.h>
+#include <Varnel_Controles/kdCliente.h>
+#include <Varnel_Controles/kdProveedor.h>
 
 #include <QApplication>
 #include <QFormLayout>

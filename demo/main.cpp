@@ -10,16 +10,19 @@
 
 #include "DemoData.h"
 
-#include <data/Conexion.h>
-#include <data/DbError.h>
-#include <data/cEmpresa.h>
+#include <Varnel_Controles/Conexion.h>
+#include <Varnel_Controles/DbError.h>
+#include <Varnel_Controles/cEmpresa.h>
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFileInfo>
+#include <QLibraryInfo>
+#include <QLocale>
 #include <QStandardPaths>
 #include <QTextStream>
+#include <QTranslator>
 
 using namespace Varnel_Controles;
 
@@ -28,6 +31,12 @@ int main(int argc, char **argv)
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("kd_demo"));
     QTextStream out(stdout), err(stderr);
+    // Qt's own texts (the buttons of the message boxes, the print dialogs) in Spanish, from
+    // Debian's qt6-translations-l10n.
+    QTranslator qtSpanish;
+    if (qtSpanish.load(QLocale(QLocale::Spanish, QLocale::Spain), QStringLiteral("qtbase"), QStringLiteral("_"),
+                       QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(&qtSpanish);
 
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Pantallas de ejemplo de Varnel_Controles"));

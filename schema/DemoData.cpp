@@ -2,9 +2,9 @@
 
 #include "DemoNames.h"
 
-#include <articles/EanCheckDigit.h>
-#include <data/DbError.h>
-#include <data/SqliteDialect.h>
+#include <Varnel_Controles/Conexion.h>
+#include <Varnel_Controles/DbError.h>
+#include <Varnel_Controles/EanCheckDigit.h>
 
 #include <QFile>
 #include <QRegularExpression>
@@ -403,7 +403,7 @@ sqlite3 *openFresh(const QString &path)
         sqlite3_close(db);
         throw DbError(DbError::ProviderError, QStringLiteral("No se pudo crear %1: %2").arg(path, text));
     }
-    SqliteDialect::registerFunctions(db);
+    Conexion::registerSqliteExtensions(db);
     return db;
 }
 

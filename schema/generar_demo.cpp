@@ -2,7 +2,7 @@
 // Writes the demo company database to FILE (replacing it).
 #include "DemoData.h"
 
-#include <data/DbError.h>
+#include <Varnel_Controles/DbError.h>
 
 #include <QCommandLineParser>
 #include <QCoreApplication>

@@ -3,11 +3,13 @@
 // digit, or a position past the twelfth, counts 0.
 #pragma once
 
+#include "varnel_controles_export.h"
+
 #include <QString>
 
 namespace Varnel_Controles {
 
-class EanCheckDigit
+class VARNEL_CONTROLES_EXPORT EanCheckDigit
 {
 public:
     /// The digit 0-9 completing `payload`.

@@ -6,17 +6,19 @@
 // SQL cannot store (see SqlText) is refused with a DbError before any statement runs.
 #pragma once
 
+#include "varnel_controles_export.h"
+
 #include <QDate>
 #include <QObject>
 #include <QPointer>
 
-#include "data/ContextoDatos.h"
+#include "ContextoDatos.h"
 
 namespace Varnel_Controles {
 
 class Recordset;
 
-class clsArticulo_CBarra : public QObject
+class VARNEL_CONTROLES_EXPORT clsArticulo_CBarra : public QObject
 {
     Q_OBJECT
     Q_PROPERTY(qint32 Cod_Articulo READ Cod_Articulo WRITE setCod_Articulo)

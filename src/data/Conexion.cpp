@@ -113,6 +113,11 @@ QSqlDatabase Conexion::database() const
     return QSqlDatabase::database(m_name, false);
 }
 
+void Conexion::registerSqliteExtensions(sqlite3 *handle)
+{
+    SqliteDialect::registerFunctions(handle);
+}
+
 Conexion *Conexion::createSqlite(const QString &path, QObject *parent)
 {
     requireDriver(QStringLiteral("QSQLITE"), QStringLiteral("libqt6sql6-sqlite"));
@@ -351,7 +356,7 @@ int Conexion::execute(const QString &tsql)
 {
     const QString statement = adapt(tsql);
     requireLiveTransaction();
-    emit Statement(tsql);
+    Q_EMIT Statement(tsql);
     QSqlDatabase db = database();
     if (!db.isOpen())
         throw DbError(DbError::ProviderError, QStringLiteral("La conexión con la base de datos está cerrada."));

@@ -3,6 +3,8 @@
 // Every statement is announced on `Statement` with its text as written, before adaptation.
 #pragma once
 
+#include "varnel_controles_export.h"
+
 #include <QObject>
 #include <QPointer>
 #include <QSqlDatabase>
@@ -13,7 +15,7 @@ struct sqlite3;
 
 namespace Varnel_Controles {
 
-class Conexion : public QObject
+class VARNEL_CONTROLES_EXPORT Conexion : public QObject
 {
     Q_OBJECT
 
@@ -44,6 +46,9 @@ public:
     /// The ODBC connect options for an mssql:// URL (ODBC 3, login timeout). Throws DbError
     /// for a `timeout` that is not a whole number of seconds from 1 to 300.
     static QString odbcConnectOptions(const QUrl &url);
+    /// Registers the library's collation (MODERN_SPANISH_CI_AS) and T-SQL functions on an SQLite
+    /// handle a host or tool opened itself, so that it can read and write the text columns.
+    static void registerSqliteExtensions(sqlite3 *handle);
 
     ~Conexion() override;
 
@@ -90,7 +95,7 @@ public:
     int transactionLevel() const { return m_depth; }
 
     /// Announces a statement (the recordset calls it for the queries it opens).
-    void trace(const QString &tsql) { emit Statement(tsql); }
+    void trace(const QString &tsql) { Q_EMIT Statement(tsql); }
 
     /// The library-wide connection: the first one handed to the library, kept for the life
     /// of the process (a later assignment is ignored). Null when none was given or it was closed.
@@ -100,7 +105,7 @@ public:
     /// Empties the library-wide slot (host shutdown, tests).
     static void resetShared();
 
-signals:
+Q_SIGNALS:
     /// A statement is about to run; `tsql` is its text before any adaptation. Those that
     /// open() sent are kept in sessionStatements().
     void Statement(const QString &tsql);

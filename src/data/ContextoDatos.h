@@ -2,14 +2,16 @@
 // connection it uses (the library-wide one, or its own for classes that keep one).
 #pragma once
 
+#include "varnel_controles_export.h"
+
 #include <QPointer>
 
-#include "data/Conexion.h"
-#include "data/cEmpresa.h"
+#include "Conexion.h"
+#include "cEmpresa.h"
 
 namespace Varnel_Controles {
 
-class ContextoDatos
+class VARNEL_CONTROLES_EXPORT ContextoDatos
 {
 public:
     enum Slot { SharedConnection, OwnConnection };

@@ -3,7 +3,9 @@
 // throws it on to its caller with its own source text.
 #pragma once
 
-#include "platform/LegacyError.h"
+#include "varnel_controles_export.h"
+
+#include "LegacyError.h"
 
 #include <QString>
 
@@ -11,7 +13,7 @@ class QSqlError;
 
 namespace Varnel_Controles {
 
-class DbError : public LegacyError
+class VARNEL_CONTROLES_EXPORT DbError : public LegacyError
 {
 public:
     enum : qint32 { ProviderError = -2147467259 }; // 0x80004005: failure reported by the database
@@ -27,7 +29,7 @@ public:
 
 /// Shows the error's description in a critical message box (style 16) titled `title`,
 /// such as "kdProveedores::Cargar".
-void reportError(const QString &description, const QString &title);
+VARNEL_CONTROLES_EXPORT void reportError(const QString &description, const QString &title);
 
 /// Runs `procedure`; any failure is reported under `title` and the result is false.
 template <typename Procedure>

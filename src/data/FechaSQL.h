@@ -3,12 +3,14 @@
 // short form of the system ("21/11/2026") where a statement asks for that.
 #pragma once
 
+#include "varnel_controles_export.h"
+
 #include <QDate>
 #include <QString>
 
 namespace Varnel_Controles {
 
-class FechaSQL
+class VARNEL_CONTROLES_EXPORT FechaSQL
 {
 public:
     /// The one instance of the process, created on first use.

@@ -10,6 +10,8 @@
 // cannot store (see SqlText).
 #pragma once
 
+#include "varnel_controles_export.h"
+
 #include <QSqlQuery>
 #include <QSqlRecord>
 #include <QString>
@@ -22,7 +24,7 @@ namespace Varnel_Controles {
 
 class Conexion;
 
-class Recordset
+class VARNEL_CONTROLES_EXPORT Recordset
 {
 public:
     Recordset() = default;

@@ -9,31 +9,33 @@
 // in their usual error box, the barcode class raises it to its caller.
 #pragma once
 
+#include "varnel_controles_export.h"
+
 #include <QString>
 
 namespace Varnel_Controles::SqlText {
 
 /// The company code as plain digits: 1 gives "1".
-QString empresa(qint16 code);
+VARNEL_CONTROLES_EXPORT QString empresa(qint16 code);
 /// A code as the user typed it: the value of its leading digits, written with the leading
 /// blank of the classic number-to-text rule ("0012" gives " 12", no digits give " 0").
-QString codigo(const QString &typed);
+VARNEL_CONTROLES_EXPORT QString codigo(const QString &typed);
 /// A number with the leading blank (" 12", "-3").
-QString numero(double value);
+VARNEL_CONTROLES_EXPORT QString numero(double value);
 /// The text to put between apostrophes, each of its own apostrophes doubled. Throws DbError
 /// for text SQL cannot store.
-QString texto(const QString &text);
+VARNEL_CONTROLES_EXPORT QString texto(const QString &text);
 /// A Boolean as the bit columns take it: 1 or 0.
-QString bit(bool value);
+VARNEL_CONTROLES_EXPORT QString bit(bool value);
 /// A search filter as a LIKE pattern: "*" appended unless already last, then every "*"
 /// becomes "%" ("PAR" → "PAR%", "*PAR" → "%PAR%", "" → "%"). Apostrophes are doubled; text SQL
 /// cannot store throws DbError as in texto.
-QString patron(const QString &filter);
+VARNEL_CONTROLES_EXPORT QString patron(const QString &filter);
 
 /// Whether SQL can store the text: no NUL, no half surrogate pair, no U+FFFE or U+FFFF.
-bool storable(QStringView text);
+VARNEL_CONTROLES_EXPORT bool storable(QStringView text);
 /// Throws DbError unless a whole statement is storable text; every statement passes here
 /// before it is prepared.
-void comprobarInstruccion(QStringView statement);
+VARNEL_CONTROLES_EXPORT void comprobarInstruccion(QStringView statement);
 
 } // namespace Varnel_Controles::SqlText

@@ -12,13 +12,15 @@
 // same rules, LEN (trailing blanks not counted) and TSQL_VARCHAR.
 #pragma once
 
+#include "varnel_controles_export.h"
+
 #include <QString>
 
 struct sqlite3;
 
 namespace Varnel_Controles {
 
-class SqliteDialect
+class VARNEL_CONTROLES_TESTS_EXPORT SqliteDialect
 {
 public:
     /// The version of the collation's order; files indexed under a lower one are reindexed

@@ -4,11 +4,13 @@
 // and inside a caller's transaction a failure undoes only the operation's own writes.
 #pragma once
 
+#include "varnel_controles_export.h"
+
 namespace Varnel_Controles {
 
 class Conexion;
 
-class TransactionScope
+class VARNEL_CONTROLES_EXPORT TransactionScope
 {
 public:
     /// Begins a transaction (or a savepoint) on `connection`. Throws DbError.

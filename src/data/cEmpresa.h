@@ -2,6 +2,8 @@
 // every statement is filtered on, and the company settings the controls need.
 #pragma once
 
+#include "varnel_controles_export.h"
+
 #include <QObject>
 #include <QString>
 
@@ -9,7 +11,7 @@ namespace Varnel_Controles {
 
 class Conexion;
 
-class cEmpresa : public QObject
+class VARNEL_CONTROLES_EXPORT cEmpresa : public QObject
 {
     Q_OBJECT
     Q_PROPERTY(qint16 Codigo READ Codigo WRITE setCodigo)

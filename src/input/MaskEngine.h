@@ -6,12 +6,14 @@
 // on, \ the next character is a literal; anything else (/ : . , -) is a literal.
 #pragma once
 
+#include "varnel_controles_export.h"
+
 #include <QString>
 #include <QVector>
 
 namespace Varnel_Controles {
 
-class MaskEngine
+class VARNEL_CONTROLES_TESTS_EXPORT MaskEngine
 {
 public:
     /// Sets the mask and empties every position. An empty mask means no mask at all.

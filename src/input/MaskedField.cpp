@@ -66,7 +66,7 @@ void MaskedField::setMaskedText(const QString &text)
     if (bad >= 0) {
         QString invalid = text;
         qint16 position = qint16(bad);
-        emit ValidationError(invalid, position);
+        Q_EMIT ValidationError(invalid, position);
         return;
     }
     refresh(0);
@@ -119,7 +119,7 @@ void MaskedField::reject(QChar c, int position)
     QString invalid = QLineEdit::text();
     invalid.insert(position, c);
     qint16 start = qint16(position);
-    emit ValidationError(invalid, start);
+    Q_EMIT ValidationError(invalid, start);
 }
 
 void MaskedField::insertTyped(const QString &text)

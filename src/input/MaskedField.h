@@ -3,12 +3,14 @@
 // for a character the mask refuses. Without a mask it is a plain field of MaxLength characters.
 #pragma once
 
+#include "varnel_controles_export.h"
+
 #include "input/MaskEngine.h"
 #include "platform/TextField.h"
 
 namespace Varnel_Controles {
 
-class MaskedField : public TextField
+class VARNEL_CONTROLES_TESTS_EXPORT MaskedField : public TextField
 {
     Q_OBJECT
 
@@ -45,7 +47,7 @@ public:
     qint16 ClipMode() const { return m_clipMode; }
     void setClipMode(qint16 value) { m_clipMode = value; }
 
-signals:
+Q_SIGNALS:
     void ValidationError(QString &InvalidText, qint16 &StartPosition);
 
 protected:

@@ -1,12 +1,14 @@
 // The key filter of kdTextBox, without a window: what a typed character becomes.
 #pragma once
 
+#include "varnel_controles_export.h"
+
 #include <QString>
 #include <optional>
 
 namespace Varnel_Controles {
 
-class TextBoxKeyFilter
+class VARNEL_CONTROLES_TESTS_EXPORT TextBoxKeyFilter
 {
 public:
     struct Settings

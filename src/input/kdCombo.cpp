@@ -12,9 +12,9 @@ kdCombo::kdCombo(const QString &comboName, QWidget *parent)
     , m_combo(new ComboField(this))
 {
     m_combo->setObjectName(comboName);
-    setFocusProxy(m_combo);
-    setFocusPolicy(m_combo->focusPolicy());
+    setInnerField(m_combo);
     connect(m_combo, &ComboField::Click, this, &kdCombo::Click);
+    connect(m_combo, &QComboBox::currentIndexChanged, this, &kdCombo::ListIndexChanged);
     connect(m_combo, &ComboField::DblClick, this, &kdCombo::DblClick);
     connect(m_combo, &ComboField::KeyDown, this, &kdCombo::onKeyDown);
     connect(m_combo, &ComboField::KeyPress, this, &kdCombo::onKeyPress);
@@ -44,14 +44,14 @@ void kdCombo::onKeyDown(qint16 &keyCode, qint16 &shift)
     // Up alone moves through the list; Shift+Up (Shift alone) moves the focus back.
     if (keyCode == KeyCodes::vbKeyUp && shift == KeyCodes::ShiftMask)
         modTeclas::MoveFocusPrevious();
-    emit KeyDown(keyCode, shift);
+    Q_EMIT KeyDown(keyCode, shift);
 }
 
 void kdCombo::onKeyPress(qint16 &keyAscii)
 {
     if (keyAscii == 13)
         modTeclas::MoveFocusNext();
-    emit KeyPress(keyAscii);
+    Q_EMIT KeyPress(keyAscii);
 }
 
 void kdCombo::fontChanged()

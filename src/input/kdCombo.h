@@ -3,13 +3,15 @@
 // (Up alone moves through the list), and the control's height following the list's.
 #pragma once
 
-#include "platform/UserControl.h"
+#include "varnel_controles_export.h"
+
+#include "UserControl.h"
 
 namespace Varnel_Controles {
 
 class ComboField;
 
-class kdCombo : public UserControl
+class VARNEL_CONTROLES_EXPORT kdCombo : public UserControl
 {
     Q_OBJECT
     Q_PROPERTY(quint32 BackColor READ BackColor WRITE setBackColor)
@@ -17,7 +19,7 @@ class kdCombo : public UserControl
     Q_PROPERTY(bool Enabled READ Enabled WRITE setEnabled)
     Q_PROPERTY(QFont Font READ Font WRITE setFont)
     Q_PROPERTY(qint16 Appearance READ Appearance WRITE setAppearance)
-    Q_PROPERTY(QString Text READ Text)
+    Q_PROPERTY(QString Text READ Text NOTIFY ListIndexChanged)
     Q_PROPERTY(qint16 ListCount READ ListCount)
 
 public:
@@ -40,12 +42,14 @@ public:
 
     QSize sizeHint() const override;
 
-signals:
+Q_SIGNALS:
     void Click();
     void DblClick();
     void KeyDown(qint16 &KeyCode, qint16 &Shift);
     void KeyPress(qint16 &KeyAscii);
     void KeyUp(qint16 &KeyCode, qint16 &Shift);
+    /// The selected entry changed, chosen by the user or set by the program.
+    void ListIndexChanged();
 
 protected:
     kdCombo(const QString &comboName, QWidget *parent);

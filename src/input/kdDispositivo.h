@@ -4,19 +4,21 @@
 // has a printer.
 #pragma once
 
-#include "input/kdCombo.h"
-#include "platform/Enums.h"
+#include "varnel_controles_export.h"
+
+#include "kdCombo.h"
+#include "Enums.h"
 
 namespace Varnel_Controles {
 
-class kdDispositivo : public kdCombo
+class VARNEL_CONTROLES_EXPORT kdDispositivo : public kdCombo
 {
     Q_OBJECT
     Q_PROPERTY(bool ToDisplay READ ToDisplay WRITE setToDisplay)
     Q_PROPERTY(bool ToPrinter READ ToPrinter WRITE setToPrinter)
     Q_PROPERTY(bool ToFile READ ToFile WRITE setToFile)
     Q_PROPERTY(bool ToEMail READ ToEMail WRITE setToEMail)
-    Q_PROPERTY(qint16 ListIndex READ ListIndex WRITE setListIndex)
+    Q_PROPERTY(qint16 ListIndex READ ListIndex WRITE setListIndex NOTIFY ListIndexChanged USER true)
 
 public:
     /// A new control lists every destination (eMail too) until a To… flag is set or it is loaded.

@@ -2,15 +2,17 @@
 // the control is created, with the default printer selected. No printer: an empty, disabled list.
 #pragma once
 
-#include "input/kdCombo.h"
+#include "varnel_controles_export.h"
+
+#include "kdCombo.h"
 
 namespace Varnel_Controles {
 
-class kdImpresoras : public kdCombo
+class VARNEL_CONTROLES_EXPORT kdImpresoras : public kdCombo
 {
     Q_OBJECT
     Q_PROPERTY(bool Sorted READ Sorted)
-    Q_PROPERTY(qint16 ListIndex READ ListIndex WRITE setListIndex)
+    Q_PROPERTY(qint16 ListIndex READ ListIndex WRITE setListIndex NOTIFY ListIndexChanged USER true)
 
 public:
     explicit kdImpresoras(QWidget *parent = nullptr);

@@ -66,7 +66,7 @@ void kdMaskEdBox::onKeyPress(qint16 &keyAscii)
         if (moveOn && m_keyEnterChangeFocus)
             modTeclas::MoveFocusNext();
     }
-    emit KeyPress(keyAscii);
+    Q_EMIT KeyPress(keyAscii);
 }
 
 void kdMaskEdBox::selectOnFocus()

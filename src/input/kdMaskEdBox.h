@@ -4,13 +4,15 @@
 // field that holds no date is emptied and keeps the focus.
 #pragma once
 
-#include "input/kdTextControl.h"
+#include "varnel_controles_export.h"
+
+#include "kdTextControl.h"
 
 namespace Varnel_Controles {
 
 class MaskedField;
 
-class kdMaskEdBox : public kdTextControl
+class VARNEL_CONTROLES_EXPORT kdMaskEdBox : public kdTextControl
 {
     Q_OBJECT
     Q_PROPERTY(QString Default READ Default WRITE setDefault)
@@ -18,13 +20,13 @@ class kdMaskEdBox : public kdTextControl
     Q_PROPERTY(bool AutoTab READ AutoTab WRITE setAutoTab)
     Q_PROPERTY(qint16 ClipMode READ ClipMode WRITE setClipMode)
     Q_PROPERTY(QString Format READ Format WRITE setFormat)
-    Q_PROPERTY(QString FormattedText READ FormattedText)
+    Q_PROPERTY(QString FormattedText READ FormattedText NOTIFY Change)
     Q_PROPERTY(bool FunctionDate READ FunctionDate WRITE setFunctionDate)
     Q_PROPERTY(QString Mask READ Mask WRITE setMask)
     Q_PROPERTY(qint16 MaxLength READ MaxLength WRITE setMaxLength)
     Q_PROPERTY(QString PromptChar READ PromptChar WRITE setPromptChar)
     Q_PROPERTY(bool PromptInclude READ PromptInclude WRITE setPromptInclude)
-    Q_PROPERTY(QString Text READ Text WRITE setText)
+    Q_PROPERTY(QString Text READ Text WRITE setText NOTIFY Change USER true)
     Q_PROPERTY(qint32 WhatsThisHelpID READ WhatsThisHelpID WRITE setWhatsThisHelpID)
 
 public:
@@ -65,7 +67,7 @@ public:
     void ReadProperties(const PropertyBag &bag) override;
     void WriteProperties(PropertyBag &bag) const override;
 
-signals:
+Q_SIGNALS:
     /// A character or text the mask refused, and where.
     void ValidationError(QString &InvalidText, qint16 &StartPosition);
 

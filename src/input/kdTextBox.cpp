@@ -67,7 +67,7 @@ void kdTextBox::onKeyPress(qint16 &keyAscii)
         m_field->setCursorPosition(int(outcome.text->size()));
     }
     keyAscii = outcome.keyAscii;
-    emit KeyPress(keyAscii);
+    Q_EMIT KeyPress(keyAscii);
 }
 
 void kdTextBox::selectOnFocus()

@@ -3,12 +3,14 @@
 // upper case and refusal of the apostrophe, and it empties a zero when the focus arrives.
 #pragma once
 
-#include "input/kdTextControl.h"
-#include "platform/Enums.h"
+#include "varnel_controles_export.h"
+
+#include "kdTextControl.h"
+#include "Enums.h"
 
 namespace Varnel_Controles {
 
-class kdTextBox : public kdTextControl
+class VARNEL_CONTROLES_EXPORT kdTextBox : public kdTextControl
 {
     Q_OBJECT
     Q_PROPERTY(qint16 Alignment READ Alignment WRITE setAlignment)
@@ -21,13 +23,13 @@ class kdTextBox : public kdTextControl
     Q_PROPERTY(qint32 SelStart READ SelStart WRITE setSelStart)
     Q_PROPERTY(qint32 SelLength READ SelLength WRITE setSelLength)
     Q_PROPERTY(qint16 ScrollBars READ ScrollBars)
-    Q_PROPERTY(QString Text READ Text WRITE setText)
+    Q_PROPERTY(QString Text READ Text WRITE setText NOTIFY Change USER true)
     Q_PROPERTY(bool AceptDecimals READ AceptDecimals WRITE setAceptDecimals)
     Q_PROPERTY(qint32 TypeOfValues READ TypeOfValues WRITE setTypeOfValues)
     Q_PROPERTY(bool AceptNegative READ AceptNegative WRITE setAceptNegative)
     Q_PROPERTY(bool ConvertToUpper READ ConvertToUpper WRITE setConvertToUpper)
     Q_PROPERTY(QString InitValue READ InitValue WRITE setInitValue)
-    Q_PROPERTY(double Value READ Value)
+    Q_PROPERTY(double Value READ Value NOTIFY Change)
 
 public:
     explicit kdTextBox(QWidget *parent = nullptr);
@@ -76,7 +78,7 @@ public:
     void ReadProperties(const PropertyBag &bag) override;
     void WriteProperties(PropertyBag &bag) const override;
 
-signals:
+Q_SIGNALS:
     void Click();
     void DblClick();
     void MouseDown(qint16 &Button, qint16 &Shift, float &X, float &Y);

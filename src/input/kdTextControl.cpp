@@ -15,8 +15,7 @@ kdTextControl::kdTextControl(TextField *field, QWidget *parent)
 {
     m_field->setParent(this);
     m_field->setObjectName(QStringLiteral("txtTexto"));
-    setFocusProxy(m_field);
-    setFocusPolicy(m_field->focusPolicy());
+    setInnerField(m_field);
     connect(m_field, &TextField::KeyDown, this, &kdTextControl::onKeyDown);
     connect(m_field, &TextField::KeyPress, this, [this](qint16 &keyAscii) { onKeyPress(keyAscii); });
     connect(m_field, &TextField::KeyUp, this, &kdTextControl::KeyUp);
@@ -54,7 +53,7 @@ void kdTextControl::onKeyDown(qint16 &keyCode, qint16 &shift)
 {
     if (keyCode == KeyCodes::vbKeyUp && m_keyUpChangeFocus)
         modTeclas::MoveFocusPrevious();
-    emit KeyDown(keyCode, shift);
+    Q_EMIT KeyDown(keyCode, shift);
 }
 
 void kdTextControl::onGotFocus()

@@ -4,13 +4,15 @@
 // control moves on) kept from the host form's default button.
 #pragma once
 
-#include "platform/UserControl.h"
+#include "varnel_controles_export.h"
+
+#include "UserControl.h"
 
 namespace Varnel_Controles {
 
 class TextField;
 
-class kdTextControl : public UserControl
+class VARNEL_CONTROLES_EXPORT kdTextControl : public UserControl
 {
     Q_OBJECT
     Q_PROPERTY(quint32 BackColor READ BackColor WRITE setBackColor)
@@ -61,7 +63,7 @@ public:
 
     QSize sizeHint() const override;
 
-signals:
+Q_SIGNALS:
     void KeyDown(qint16 &KeyCode, qint16 &Shift);
     void KeyPress(qint16 &KeyAscii);
     void KeyUp(qint16 &KeyCode, qint16 &Shift);

@@ -2,11 +2,13 @@
 // are queued, so the focus moves after the calling handler (and the host's) has returned.
 #pragma once
 
+#include "varnel_controles_export.h"
+
 namespace Varnel_Controles::modTeclas {
 
 /// Tab: press and release of virtual key 9 (scan code 9, extended-key flag).
-void MoveFocusNext();
+VARNEL_CONTROLES_EXPORT void MoveFocusNext();
 /// Shift+Tab: Shift down, Tab press and release, Shift up (all with the extended-key flag).
-void MoveFocusPrevious();
+VARNEL_CONTROLES_EXPORT void MoveFocusPrevious();
 
 } // namespace Varnel_Controles::modTeclas

@@ -2,11 +2,13 @@
 // ("0000000" / "9999999", "CLIENTE INICIAL" / "CLIENTE FINAL"); 99999 is an ordinary code.
 #pragma once
 
-#include "lookup/kdLookup.h"
+#include "varnel_controles_export.h"
+
+#include "kdLookup.h"
 
 namespace Varnel_Controles {
 
-class kdCliente : public kdLookup
+class VARNEL_CONTROLES_EXPORT kdCliente : public kdLookup
 {
     Q_OBJECT
     Q_PROPERTY(QString NombreComercial READ NombreComercial)

@@ -28,8 +28,7 @@ kdLookup::kdLookup(const Texts &texts, int codeWidthTwips, int minWidthTwips, QW
     lblNombre->setTextFormat(Qt::PlainText);
     lblNombre->setIndent(Twips::toPixels(60, this));
     txtCodigo->setMaxLength(texts.upperBound.size());
-    setFocusProxy(txtCodigo);
-    setFocusPolicy(txtCodigo->focusPolicy());
+    setInnerField(txtCodigo);
 
     connect(txtCodigo, &TextField::KeyDown, this, &kdLookup::onKeyDown);
     connect(txtCodigo, &TextField::KeyPress, this, &kdLookup::onKeyPress);
@@ -54,7 +53,7 @@ kdLookup::~kdLookup()
 
 bool kdLookup::Cargar()
 {
-    m_existe = false;
+    setExiste(false);
     setName(QString());
     const bool found = trapErrors(m_texts.errorClass + QStringLiteral("::Cargar"), [this] {
         if (Legacy::Val(txtCodigo->text()) == 0)
@@ -64,7 +63,7 @@ bool kdLookup::Cargar()
         bool result = false;
         if (!rs.eof()) {
             showFound(rs);
-            m_existe = true;
+            setExiste(true);
             result = true;
         } else if (m_vital) {
             txtCodigo->setText(QString());
@@ -73,7 +72,7 @@ bool kdLookup::Cargar()
         m_modified = false;
         return result;
     });
-    m_existe = found;
+    setExiste(found);
     return found;
 }
 
@@ -84,12 +83,12 @@ bool kdLookup::isOpenBound(qint32 code) const
 
 void kdLookup::Validar_Codigo(bool moverFoco)
 {
-    m_existe = false;
+    setExiste(false);
     const qint32 n = Legacy::CLng(Legacy::Val(txtCodigo->text()));
     bool moveOn = true;
     if (!isOpenBound(n)) {
         if (Refrescar_Datos()) {
-            m_existe = true;
+            setExiste(true);
         } else {
             if (m_vital) {
                 txtCodigo->setText(QString());
@@ -147,7 +146,7 @@ void kdLookup::onKeyDown(qint16 &keyCode, qint16 &shift)
         modTeclas::MoveFocusPrevious();
     else if (keyCode == KeyCodes::vbKeyF3)
         openSearch();
-    emit KeyDown(keyCode, shift);
+    Q_EMIT KeyDown(keyCode, shift);
 }
 
 void kdLookup::onKeyPress(qint16 &keyAscii)
@@ -156,14 +155,14 @@ void kdLookup::onKeyPress(qint16 &keyAscii)
         Validar_Codigo(true);
     else if (keyAscii != 8 && !Legacy::IsNumeric(QString(QChar(char16_t(keyAscii)))))
         keyAscii = 0;
-    emit KeyPress(keyAscii);
+    Q_EMIT KeyPress(keyAscii);
 }
 
 void kdLookup::onChange()
 {
-    emit Change();
+    Q_EMIT Change();
     m_modified = true;
-    m_existe = false;
+    setExiste(false);
 }
 
 void kdLookup::onGotFocus()
@@ -212,7 +211,7 @@ void kdLookup::setCodigo(qint32 value)
     notify("Text");
     setName(QString());
     m_modified = true;
-    m_existe = false;
+    setExiste(false);
 }
 
 QString kdLookup::Text() const { return txtCodigo->text(); }
@@ -223,11 +222,26 @@ void kdLookup::setText(const QString &value)
     notify("Text");
     setName(QString());
     m_modified = true;
-    m_existe = false;
+    setExiste(false);
 }
 
 QString kdLookup::Nombre() const { return lblNombre->text(); }
-void kdLookup::setName(const QString &name) { lblNombre->setText(name); }
+void kdLookup::setName(const QString &name)
+{
+    if (name == lblNombre->text())
+        return;
+    lblNombre->setText(name);
+    txtCodigo->setAccessibleDescription(name);
+    Q_EMIT NombreChanged();
+}
+
+void kdLookup::setExiste(bool value)
+{
+    if (value == m_existe)
+        return;
+    m_existe = value;
+    Q_EMIT NombreChanged();
+}
 QFont kdLookup::Font() const { return txtCodigo->font(); }
 void kdLookup::setCausesValidation(bool value) { m_causesValidation = value; notify("CausesValidation"); }
 bool kdLookup::Locked() const { return txtCodigo->isReadOnly(); }

@@ -4,8 +4,10 @@
 // Up arrow. Each lookup gives its statement, its bounds and texts, its dialog and its keys.
 #pragma once
 
-#include "data/ContextoDatos.h"
-#include "platform/UserControl.h"
+#include "varnel_controles_export.h"
+
+#include "ContextoDatos.h"
+#include "UserControl.h"
 
 class QLabel;
 
@@ -16,18 +18,18 @@ class Recordset;
 class TextField;
 class cEmpresa;
 
-class kdLookup : public UserControl
+class VARNEL_CONTROLES_EXPORT kdLookup : public UserControl
 {
     Q_OBJECT
     Q_PROPERTY(bool Vital READ Vital WRITE setVital)
     Q_PROPERTY(bool Inicial READ Inicial WRITE setInicial)
     Q_PROPERTY(bool KeyUpChangeFocus READ KeyUpChangeFocus WRITE setKeyUpChangeFocus)
     Q_PROPERTY(bool KeyEnterChangeFocus READ KeyEnterChangeFocus WRITE setKeyEnterChangeFocus)
-    Q_PROPERTY(qint32 Codigo READ Codigo WRITE setCodigo)
-    Q_PROPERTY(qint32 Value READ Value)
-    Q_PROPERTY(QString Text READ Text WRITE setText)
-    Q_PROPERTY(bool Existe READ Existe)
-    Q_PROPERTY(QString Nombre READ Nombre)
+    Q_PROPERTY(qint32 Codigo READ Codigo WRITE setCodigo NOTIFY Change USER true)
+    Q_PROPERTY(qint32 Value READ Value NOTIFY Change)
+    Q_PROPERTY(QString Text READ Text WRITE setText NOTIFY Change)
+    Q_PROPERTY(bool Existe READ Existe NOTIFY NombreChanged)
+    Q_PROPERTY(QString Nombre READ Nombre NOTIFY NombreChanged)
     Q_PROPERTY(bool Enabled READ Enabled WRITE setEnabled)
     Q_PROPERTY(QFont Font READ Font WRITE setFont)
     Q_PROPERTY(bool CausesValidation READ CausesValidation WRITE setCausesValidation)
@@ -94,7 +96,7 @@ public:
     void WriteProperties(PropertyBag &bag) const override;
     QSize sizeHint() const override;
 
-signals:
+Q_SIGNALS:
     void Click();
     void DblClick();
     /// After the control's own handling (Up arrow, F3).
@@ -106,6 +108,8 @@ signals:
     void MouseMove(qint16 &Button, qint16 &Shift, float &X, float &Y);
     void MouseUp(qint16 &Button, qint16 &Shift, float &X, float &Y);
     void Change();
+    /// The name shown or Existe changed (a lookup, a validation, a choice from the search).
+    void NombreChanged();
 
 protected:
     struct Texts
@@ -139,7 +143,9 @@ protected:
     virtual void readExtraProperties(const PropertyBag &) {}
     virtual void writeExtraProperties(PropertyBag &) const {}
 
+    /// Shows `name` in the label; assistive technology reads it as the code box's description.
     void setName(const QString &name);
+    void setExiste(bool value);
     /// Validates the typed code as Enter (`moverFoco` True) or leaving the box (False) does.
     void Validar_Codigo(bool moverFoco);
 

@@ -2,11 +2,13 @@
 // "PROVEEDOR INICIAL" / "PROVEEDOR FINAL"); DejarEnBlanco leaves such a code as typed.
 #pragma once
 
-#include "lookup/kdLookup.h"
+#include "varnel_controles_export.h"
+
+#include "kdLookup.h"
 
 namespace Varnel_Controles {
 
-class kdProveedor : public kdLookup
+class VARNEL_CONTROLES_EXPORT kdProveedor : public kdLookup
 {
     Q_OBJECT
     Q_PROPERTY(bool DejarEnBlanco READ DejarEnBlanco WRITE setDejarEnBlanco)

@@ -13,7 +13,7 @@ ComboField::ComboField(QWidget *parent)
     , m_foreColor(LegacyColor::WindowText)
 {
     // A choice made with the mouse or the keyboard is a click, as in a list box.
-    connect(this, &QComboBox::activated, this, [this] { emit Click(); });
+    connect(this, &QComboBox::activated, this, [this] { Q_EMIT Click(); });
     applyColors();
 }
 
@@ -45,10 +45,10 @@ void ComboField::keyPressEvent(QKeyEvent *event)
 {
     qint16 keyCode = KeyCodes::keyCode(event);
     qint16 shift = KeyCodes::shiftState(event);
-    emit KeyDown(keyCode, shift);
+    Q_EMIT KeyDown(keyCode, shift);
     qint16 keyAscii = KeyCodes::keyAscii(event);
     if (keyAscii != 0) {
-        emit KeyPress(keyAscii);
+        Q_EMIT KeyPress(keyAscii);
         if (keyAscii == 0 || keyAscii == 13) { // Enter was the control's (it moved the focus)
             event->accept();
             return;
@@ -64,14 +64,14 @@ void ComboField::keyReleaseEvent(QKeyEvent *event)
 {
     qint16 keyCode = KeyCodes::keyCode(event);
     qint16 shift = KeyCodes::shiftState(event);
-    emit KeyUp(keyCode, shift);
+    Q_EMIT KeyUp(keyCode, shift);
     QComboBox::keyReleaseEvent(event);
 }
 
 void ComboField::mouseDoubleClickEvent(QMouseEvent *event)
 {
     QComboBox::mouseDoubleClickEvent(event);
-    emit DblClick();
+    Q_EMIT DblClick();
 }
 
 } // namespace Varnel_Controles

@@ -3,11 +3,13 @@
 // back and fore colours.
 #pragma once
 
+#include "varnel_controles_export.h"
+
 #include <QComboBox>
 
 namespace Varnel_Controles {
 
-class ComboField : public QComboBox
+class VARNEL_CONTROLES_TESTS_EXPORT ComboField : public QComboBox
 {
     Q_OBJECT
 
@@ -21,7 +23,7 @@ public:
     qint16 Appearance() const { return m_appearance; }
     void setAppearance(qint16 value) { m_appearance = value; }
 
-signals:
+Q_SIGNALS:
     void Click();
     void DblClick();
     void KeyDown(qint16 &KeyCode, qint16 &Shift);

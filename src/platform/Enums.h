@@ -1,10 +1,12 @@
 // Enumerations shared by the controls and their hosts.
 #pragma once
 
+#include "varnel_controles_export.h"
+
 #include <QObject>
 
 namespace Varnel_Controles {
-Q_NAMESPACE
+Q_NAMESPACE_EXPORT(VARNEL_CONTROLES_EXPORT)
 
 enum enmTypeOfValues : qint32 { Alfanumeric = 0, Numeric = 1 };
 Q_ENUM_NS(enmTypeOfValues)

@@ -3,6 +3,8 @@
 // (1 Shift, 2 Ctrl, 4 Alt) and the character code (the Unicode code point).
 #pragma once
 
+#include "varnel_controles_export.h"
+
 #include <QtGlobal>
 #include <qnamespace.h>
 
@@ -11,7 +13,7 @@ class QMouseEvent;
 
 namespace Varnel_Controles {
 
-class KeyCodes
+class VARNEL_CONTROLES_EXPORT KeyCodes
 {
 public:
     enum : qint16 {

@@ -3,11 +3,13 @@
 // focus, so the host's own handlers run first and Tab moves the focus in the host's tab order.
 #pragma once
 
+#include "varnel_controles_export.h"
+
 #include <QtGlobal>
 
 namespace Varnel_Controles {
 
-class KeyInjector
+class VARNEL_CONTROLES_TESTS_EXPORT KeyInjector
 {
 public:
     enum Flags : quint32 { ExtendedKey = 1, KeyUp = 2 };
@@ -24,7 +26,7 @@ public:
 
 /// Posts the transitions as Qt key events to the focused widget, keeping the Shift state
 /// between calls so that Shift down + Tab becomes a back-tab.
-class QtKeyInjector : public KeyInjector
+class VARNEL_CONTROLES_TESTS_EXPORT QtKeyInjector : public KeyInjector
 {
 public:
     void keybd_event(quint8 virtualKey, quint8 scanCode, quint32 flags, quintptr extraInfo) override;

@@ -1,12 +1,14 @@
 // Colour values as the host forms store them: 0x00BBGGRR, or 0x800000nn for a system colour.
 #pragma once
 
+#include "varnel_controles_export.h"
+
 #include <QColor>
 #include <QPalette>
 
 namespace Varnel_Controles {
 
-class LegacyColor
+class VARNEL_CONTROLES_EXPORT LegacyColor
 {
 public:
     static constexpr quint32 WindowBackground = 0x80000005; // system colour 5

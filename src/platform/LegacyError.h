@@ -1,13 +1,15 @@
 // An error raised to the host: number, description and source, as the legacy error object.
 #pragma once
 
+#include "varnel_controles_export.h"
+
 #include <QString>
 #include <exception>
 #include <string>
 
 namespace Varnel_Controles {
 
-class LegacyError : public std::exception
+class VARNEL_CONTROLES_EXPORT LegacyError : public std::exception
 {
 public:
     enum : qint32 {

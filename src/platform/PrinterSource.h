@@ -2,12 +2,14 @@
 // source asks Qt's print support (CUPS on Linux); tests and hosts may install another.
 #pragma once
 
+#include "varnel_controles_export.h"
+
 #include <QString>
 #include <QStringList>
 
 namespace Varnel_Controles {
 
-class PrinterSource
+class VARNEL_CONTROLES_EXPORT PrinterSource
 {
 public:
     virtual ~PrinterSource() = default;
@@ -22,7 +24,7 @@ public:
     static void install(const PrinterSource *source);
 };
 
-class QtPrinterSource : public PrinterSource
+class VARNEL_CONTROLES_EXPORT QtPrinterSource : public PrinterSource
 {
 public:
     QStringList printerNames() const override;

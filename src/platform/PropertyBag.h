@@ -10,18 +10,20 @@
 //     EndProperty
 #pragma once
 
+#include "varnel_controles_export.h"
+
 #include <QList>
 #include <QPair>
 #include <QString>
 #include <QVariant>
 #include <stdexcept>
 
-#include "platform/StdFont.h"
+#include "StdFont.h"
 
 namespace Varnel_Controles {
 
 /// A property block that cannot be read; `line` is 1-based.
-class PropertyBagError : public std::runtime_error
+class VARNEL_CONTROLES_EXPORT PropertyBagError : public std::runtime_error
 {
 public:
     PropertyBagError(int line, const QString &message);
@@ -33,7 +35,7 @@ private:
     QString m_message;
 };
 
-class PropertyBag
+class VARNEL_CONTROLES_EXPORT PropertyBag
 {
 public:
     /// The stored value of `key` (exact spelling), or `defaultValue` when it was not written.

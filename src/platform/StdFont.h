@@ -1,13 +1,15 @@
 // The font object of the host forms: name, size in points, charset, weight and the three styles.
 #pragma once
 
+#include "varnel_controles_export.h"
+
 #include <QFont>
 #include <QMetaType>
 #include <QString>
 
 namespace Varnel_Controles {
 
-struct StdFont
+struct VARNEL_CONTROLES_EXPORT StdFont
 {
     QString Name = QStringLiteral("MS Sans Serif");
     double Size = 8.25;

@@ -39,7 +39,7 @@ TextField::TextField(QWidget *parent)
     , m_backColor(LegacyColor::WindowBackground)
     , m_foreColor(LegacyColor::WindowText)
 {
-    connect(this, &QLineEdit::textChanged, this, [this] { emit Change(); });
+    connect(this, &QLineEdit::textChanged, this, [this] { Q_EMIT Change(); });
     applyColors();
 }
 
@@ -163,7 +163,7 @@ void TextField::keyPressEvent(QKeyEvent *event)
     qint16 keyCode = KeyCodes::keyCode(event);
     qint16 shift = KeyCodes::shiftState(event);
     const qint16 originalAscii = KeyCodes::keyAscii(event);
-    emit KeyDown(keyCode, shift);
+    Q_EMIT KeyDown(keyCode, shift);
     if (originalAscii == 0) {
         // A key that types nothing: the host may cancel its editing action by zeroing KeyCode.
         if (keyCode != 0)
@@ -173,7 +173,7 @@ void TextField::keyPressEvent(QKeyEvent *event)
         return;
     }
     qint16 keyAscii = originalAscii;
-    emit KeyPress(keyAscii);
+    Q_EMIT KeyPress(keyAscii);
     if (keyAscii == originalAscii)
         applyKey(event);
     else
@@ -291,7 +291,7 @@ void TextField::keyReleaseEvent(QKeyEvent *event)
 {
     qint16 keyCode = KeyCodes::keyCode(event);
     qint16 shift = KeyCodes::shiftState(event);
-    emit KeyUp(keyCode, shift);
+    Q_EMIT KeyUp(keyCode, shift);
     QLineEdit::keyReleaseEvent(event);
 }
 
@@ -301,7 +301,7 @@ bool TextField::raiseMouse(QMouseEvent *event, void (TextField::*signal)(qint16 
     qint16 shift = KeyCodes::shiftState(event->modifiers());
     float x = float(Twips::fromPixels(event->position().x(), this));
     float y = float(Twips::fromPixels(event->position().y(), this));
-    emit (this->*signal)(button, shift, x, y);
+    Q_EMIT (this->*signal)(button, shift, x, y);
     return true;
 }
 
@@ -331,20 +331,20 @@ void TextField::mouseReleaseEvent(QMouseEvent *event)
         QLineEdit::mouseReleaseEvent(event);
     }
     if (m_pressedInside && rect().contains(event->position().toPoint()))
-        emit Click();
+        Q_EMIT Click();
     m_pressedInside = false;
 }
 
 void TextField::mouseDoubleClickEvent(QMouseEvent *event)
 {
     QLineEdit::mouseDoubleClickEvent(event);
-    emit DblClick();
+    Q_EMIT DblClick();
 }
 
 void TextField::focusInEvent(QFocusEvent *event)
 {
     QLineEdit::focusInEvent(event);
-    emit GotFocus();
+    Q_EMIT GotFocus();
 }
 
 void TextField::focusOutEvent(QFocusEvent *event)
@@ -354,7 +354,7 @@ void TextField::focusOutEvent(QFocusEvent *event)
     m_leftWithinWindow = event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason
         && (!next || next->window() == window());
     QLineEdit::focusOutEvent(event);
-    emit LostFocus();
+    Q_EMIT LostFocus();
 }
 
 } // namespace Varnel_Controles

@@ -3,13 +3,15 @@
 // change KeyCode, KeyAscii, Shift … and the field acts on what the slot left.
 #pragma once
 
+#include "varnel_controles_export.h"
+
 #include <QLineEdit>
 
 class QMenu;
 
 namespace Varnel_Controles {
 
-class TextField : public QLineEdit
+class VARNEL_CONTROLES_TESTS_EXPORT TextField : public QLineEdit
 {
     Q_OBJECT
 
@@ -50,7 +52,7 @@ public:
     /// typing limit, the mask); the caller owns it.
     QMenu *createContextMenu();
 
-signals:
+Q_SIGNALS:
     void KeyDown(qint16 &KeyCode, qint16 &Shift);
     void KeyPress(qint16 &KeyAscii);
     void KeyUp(qint16 &KeyCode, qint16 &Shift);

@@ -1,11 +1,13 @@
 // Sizes in twips: 1440 per logical inch, 15 per pixel at 96 dpi.
 #pragma once
 
+#include "varnel_controles_export.h"
+
 class QWidget;
 
 namespace Varnel_Controles {
 
-class Twips
+class VARNEL_CONTROLES_TESTS_EXPORT Twips
 {
 public:
     /// Pixels for a length in twips on the screen of `widget` (the primary screen when null).

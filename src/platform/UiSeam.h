@@ -2,13 +2,15 @@
 // their own seam (a test installs a scripted one that records what was shown and answers it).
 #pragma once
 
+#include "varnel_controles_export.h"
+
 #include <QString>
 
 class QDialog;
 
 namespace Varnel_Controles {
 
-class UiSeam
+class VARNEL_CONTROLES_EXPORT UiSeam
 {
 public:
     /// Message-box styles and answers, with the legacy numbers.
@@ -31,7 +33,7 @@ public:
 };
 
 /// QMessageBox and QDialog::exec.
-class WidgetUiSeam : public UiSeam
+class VARNEL_CONTROLES_EXPORT WidgetUiSeam : public UiSeam
 {
 public:
     int MsgBox(const QString &prompt, int style, const QString &title) override;

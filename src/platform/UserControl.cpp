@@ -2,8 +2,26 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QFocusEvent>
+#include <QLabel>
 
 namespace Varnel_Controles {
+
+namespace {
+
+// A label's text as it is read out: "&Código" is "Código", "&&" one "&".
+QString withoutAccessKey(const QString &text)
+{
+    QString out;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (text[i] == u'&' && i + 1 < text.size())
+            ++i;
+        out += text[i];
+    }
+    return out.trimmed();
+}
+
+} // namespace
 
 UserControl::UserControl(QWidget *parent)
     : QWidget(parent)
@@ -29,6 +47,58 @@ void UserControl::changeEvent(QEvent *event)
         notify("Font");
     }
     QWidget::changeEvent(event);
+}
+
+void UserControl::setInnerField(QWidget *field)
+{
+    m_innerField = field;
+    setFocusProxy(field);
+    setFocusPolicy(field->focusPolicy());
+    field->installEventFilter(this);
+    connect(this, &QObject::objectNameChanged, this, &UserControl::nameInnerField);
+    nameInnerField();
+}
+
+QString UserControl::accessibleFieldName() const
+{
+    if (!accessibleName().isEmpty())
+        return accessibleName();
+    const QList<QLabel *> labels = window()->findChildren<QLabel *>();
+    for (const QLabel *label : labels) {
+        if (label->buddy() == this || (m_innerField && label->buddy() == m_innerField)) {
+            const QString text = withoutAccessKey(label->text());
+            if (!text.isEmpty())
+                return text;
+        }
+    }
+    return objectName();
+}
+
+void UserControl::nameInnerField()
+{
+    if (m_innerField)
+        m_innerField->setAccessibleName(accessibleFieldName());
+}
+
+bool UserControl::event(QEvent *event)
+{
+    // A label made the control's buddy after it was created is read when the control shows.
+    if (event->type() == QEvent::Show)
+        nameInnerField();
+    return QWidget::event(event);
+}
+
+bool UserControl::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_innerField) {
+        if (event->type() == QEvent::FocusIn) {
+            nameInnerField();
+        } else if (event->type() == QEvent::FocusOut) {
+            QFocusEvent out(QEvent::FocusOut, static_cast<QFocusEvent *>(event)->reason());
+            QCoreApplication::sendEvent(this, &out);
+        }
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 void UserControl::applyEnabled(bool enabled)

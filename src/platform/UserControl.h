@@ -3,14 +3,16 @@
 // and the ambient font.
 #pragma once
 
+#include "varnel_controles_export.h"
+
 #include <QWidget>
 
-#include "platform/PropertyBag.h"
-#include "platform/StdFont.h"
+#include "PropertyBag.h"
+#include "StdFont.h"
 
 namespace Varnel_Controles {
 
-class UserControl : public QWidget
+class VARNEL_CONTROLES_EXPORT UserControl : public QWidget
 {
     Q_OBJECT
 
@@ -28,12 +30,12 @@ public:
     /// parent does not change it.
     bool Enabled() const { return m_enabled; }
 
-signals:
+Q_SIGNALS:
     /// A persisted property was assigned; `key` is its persisted key.
     void PropertyChanged(const QString &key);
 
 protected:
-    void notify(const char *key) { emit PropertyChanged(QString::fromLatin1(key)); }
+    void notify(const char *key) { Q_EMIT PropertyChanged(QString::fromLatin1(key)); }
     /// The enabled state was given (by QWidget::setEnabled or a load); "Enabled" is notified after.
     virtual void enabledChanged(bool) {}
     /// The font changed (QWidget::setFont or a load); "Font" is notified after.
@@ -45,12 +47,24 @@ protected:
     /// Writes "Font" against the ambient font.
     void writeFont(PropertyBag &bag, const QFont &font) const;
     void changeEvent(QEvent *event) override;
+    /// Takes `field` as the inner field that holds the focus for the control. It is named for
+    /// assistive technology after the control (see accessibleFieldName), and its focus changes
+    /// reach the control too, so that item delegates and QDataWidgetMapper commit on them.
+    void setInnerField(QWidget *field);
+    /// The inner field's accessible name: the control's accessible name, else the text of the
+    /// label whose buddy it is, else the control's object name.
+    QString accessibleFieldName() const;
+    bool event(QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
     /// Reads a Boolean key: any non-zero number is True.
     static bool readBool(const PropertyBag &bag, const char *key, bool defaultValue);
     static bool toBool(const QVariant &value);
 
 private:
+    void nameInnerField();
+
     bool m_enabled = true;
+    QWidget *m_innerField = nullptr;
 };
 
 } // namespace Varnel_Controles

@@ -4,6 +4,8 @@
 // Rows are never re-read (the recordset is forward-only).
 #pragma once
 
+#include "varnel_controles_export.h"
+
 #include <QAbstractTableModel>
 #include <QStringList>
 #include <functional>
@@ -12,7 +14,7 @@ namespace Varnel_Controles {
 
 class Recordset;
 
-class PagedRecordsetModel : public QAbstractTableModel
+class VARNEL_CONTROLES_TESTS_EXPORT PagedRecordsetModel : public QAbstractTableModel
 {
     Q_OBJECT
 

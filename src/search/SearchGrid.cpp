@@ -66,14 +66,14 @@ void SearchGrid::keyPressEvent(QKeyEvent *event)
 {
     qint16 keyCode = KeyCodes::keyCode(event);
     qint16 shift = KeyCodes::shiftState(event);
-    emit KeyDown(keyCode, shift);
+    Q_EMIT KeyDown(keyCode, shift);
     if (keyCode == 0) {
         event->accept();
         return;
     }
     qint16 keyAscii = KeyCodes::keyAscii(event);
     if (keyAscii != 0) {
-        emit KeyPress(keyAscii);
+        Q_EMIT KeyPress(keyAscii);
         if (keyAscii == 0 || keyAscii == 13) { // Enter belongs to the dialog, not to the default button
             event->accept();
             return;

@@ -3,11 +3,13 @@
 // grid's own movement; a handler that zeroes KeyCode or KeyAscii cancels the key.
 #pragma once
 
+#include "varnel_controles_export.h"
+
 #include <QTableView>
 
 namespace Varnel_Controles {
 
-class SearchGrid : public QTableView
+class VARNEL_CONTROLES_TESTS_EXPORT SearchGrid : public QTableView
 {
     Q_OBJECT
 
@@ -25,7 +27,7 @@ public:
     /// Column width in twips.
     void setColWidth(int column, int twips);
 
-signals:
+Q_SIGNALS:
     void KeyDown(qint16 &KeyCode, qint16 &Shift);
     void KeyPress(qint16 &KeyAscii);
     /// The view changed its size: it may show more rows than before.

@@ -69,6 +69,8 @@ frmBusqueda::frmBusqueda(const QString &name, const QString &caption, const QStr
     lbl2->setObjectName(QStringLiteral("lbl2"));
     txtNombre->setObjectName(QStringLiteral("txtNombre"));
     txtNombre->setMaxLength(kFilterMaxLength);
+    txtNombre->setAccessibleName(QStringLiteral("Nombre"));
+    vsListado->setAccessibleName(QStringLiteral("Resultados de la búsqueda"));
     vsListado->setObjectName(QStringLiteral("vsListado"));
     cmdAceptar->setObjectName(QStringLiteral("cmdAceptar"));
     cmdCancelar->setObjectName(QStringLiteral("cmdCancelar"));
@@ -113,10 +115,11 @@ frmBusqueda::~frmBusqueda() = default;
 
 int frmBusqueda::pageSize() const { return m_model->pageSize(); }
 
-TextField *frmBusqueda::addFilter(const QString &name)
+TextField *frmBusqueda::addFilter(const QString &name, const QString &accessibleName)
 {
     auto *box = new TextField(this);
     box->setObjectName(name);
+    box->setAccessibleName(accessibleName);
     box->setMaxLength(kFilterMaxLength);
     connectFilter(box);
     return box;

@@ -5,6 +5,8 @@
 // statement, its row cells and its result.
 #pragma once
 
+#include "varnel_controles_export.h"
+
 #include <QDialog>
 #include <memory>
 
@@ -19,7 +21,7 @@ class Recordset;
 class SearchGrid;
 class TextField;
 
-class frmBusqueda : public QDialog
+class VARNEL_CONTROLES_EXPORT frmBusqueda : public QDialog
 {
     Q_OBJECT
 
@@ -53,9 +55,9 @@ protected:
     /// Key-down in a filter box, after Down (to the grid) was handled.
     virtual void filterKeyDown(TextField *box, qint16 keyCode);
 
-    /// Adds a filter box (the first is `txtNombre`, created by the base). Filter boxes take
-    /// at most 80 characters.
-    TextField *addFilter(const QString &name);
+    /// Adds a filter box named `name` (the first is `txtNombre`, created by the base), read out
+    /// by assistive technology as `accessibleName`. Filter boxes take at most 80 characters.
+    TextField *addFilter(const QString &name, const QString &accessibleName);
     /// Light cyan while the box has the focus, the window colour after.
     void paintFocus(TextField *box);
     void setColumn(int column, int widthTwips, Qt::Alignment alignment);

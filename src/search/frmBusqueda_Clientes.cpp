@@ -21,7 +21,7 @@ frmBusqueda_Clientes::frmBusqueda_Clientes(QWidget *parent)
     label2->setObjectName(QStringLiteral("Label2"));
     auto *label1 = new QLabel(QStringLiteral("NIF:"), this);
     label1->setObjectName(QStringLiteral("Label1"));
-    txtNif = addFilter(QStringLiteral("txtNif"));
+    txtNif = addFilter(QStringLiteral("txtNif"), QStringLiteral("NIF"));
     txtNif->setMaximumWidth(130);
     m_filters->insertWidget(0, label2);
     m_filters->addWidget(label1);

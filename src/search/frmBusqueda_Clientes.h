@@ -2,11 +2,13 @@
 // exact NIF; an installation is listed under its customer's code with its own name.
 #pragma once
 
-#include "search/frmBusqueda.h"
+#include "varnel_controles_export.h"
+
+#include "frmBusqueda.h"
 
 namespace Varnel_Controles {
 
-class frmBusqueda_Clientes : public frmBusqueda
+class VARNEL_CONTROLES_EXPORT frmBusqueda_Clientes : public frmBusqueda
 {
     Q_OBJECT
 

@@ -1,11 +1,13 @@
 // Brand search: brands (not filtered by company) whose name matches the filter pattern.
 #pragma once
 
-#include "search/frmBusqueda.h"
+#include "varnel_controles_export.h"
+
+#include "frmBusqueda.h"
 
 namespace Varnel_Controles {
 
-class frmBusqueda_Marcas : public frmBusqueda
+class VARNEL_CONTROLES_EXPORT frmBusqueda_Marcas : public frmBusqueda
 {
     Q_OBJECT
     Q_PROPERTY(qint32 Codigo READ Codigo WRITE setCodigo)

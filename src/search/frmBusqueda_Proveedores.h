@@ -2,11 +2,13 @@
 // listed by name with the trade name after " / ".
 #pragma once
 
-#include "search/frmBusqueda.h"
+#include "varnel_controles_export.h"
+
+#include "frmBusqueda.h"
 
 namespace Varnel_Controles {
 
-class frmBusqueda_Proveedores : public frmBusqueda
+class VARNEL_CONTROLES_EXPORT frmBusqueda_Proveedores : public frmBusqueda
 {
     Q_OBJECT
 

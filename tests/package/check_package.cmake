@@ -6,6 +6,9 @@ execute_process(COMMAND ${CMAKE_COMMAND} --install ${BINARY_DIR} --prefix ${WORK
 if(NOT rc EQUAL 0)
   message(FATAL_ERROR "install failed")
 endif()
+file(GLOB library ${WORK_DIR}/prefix/lib*/*/libVarnel_Controles.so.*.*.* ${WORK_DIR}/prefix/lib*/libVarnel_Controles.so.*.*.*)
+file(SIZE ${library} size)
+message(STATUS "installed ${library}: ${size} bytes")
 # The host is built as the library was (a sanitizer build's host carries the same runtime).
 execute_process(COMMAND ${CMAKE_COMMAND} -S ${SOURCE_DIR}/tests/package/host -B ${WORK_DIR}/build
                 -DCMAKE_PREFIX_PATH=${WORK_DIR}/prefix -DCMAKE_CXX_COMPILER=${HOST_CXX_COMPILER}
