@@ -85,7 +85,7 @@ void Recordset::open(const QString &tsql, Conexion *connection)
         throw DbError(DbError::ObjectNotSet, QStringLiteral("No hay conexión con la base de datos: falta asignar Conexion."));
     const QString statement = connection->adapt(tsql);
     connection->trace(tsql);
-    m_query = QSqlQuery(connection->database());
+    m_query = QSqlQuery(connection->readDatabase());
     m_query.setForwardOnly(true);
     if (!m_query.exec(statement)) {
         const DbError error = DbError::fromSql(m_query.lastError());
