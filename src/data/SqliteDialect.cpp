@@ -453,7 +453,124 @@ QString likePrefix(const QString &pattern)
     return prefix;
 }
 
-void addLikeRanges(QVector<Token> &t)
+QString lastPart(const QString &identifier)
+{
+    QString s = identifier;
+    if (s.startsWith(u'[')) s = s.mid(1, s.size() - 2);
+    return s;
+}
+
+// A statement whose top-level WHERE fixes one table's company ("WHERE a.Cod_Empresa =1", with
+// no OR at that level): every row it reads has that company.
+struct FixedCompany
+{
+    QString alias, number;
+    bool found() const { return !alias.isEmpty(); }
+};
+
+FixedCompany fixedCompany(const QVector<Token> &t)
+{
+    int depth = 0;
+    for (int i = 0; i < t.size(); ++i) {
+        if (t[i].text == QLatin1String("(")) ++depth;
+        else if (t[i].text == QLatin1String(")")) --depth;
+        if (depth != 0 || !isWord(t[i], "WHERE"))
+            continue;
+        const int alias = nextSignificant(t, i), dot = nextSignificant(t, alias), column = nextSignificant(t, dot);
+        const int eq = nextSignificant(t, column), number = nextSignificant(t, eq);
+        if (number < 0 || t[alias].kind != Token::Word || t[dot].text != QLatin1String(".")
+            || !isWord(t[column], "Cod_Empresa") || t[eq].text != QLatin1String("=") || t[number].kind != Token::Number)
+            return {};
+        for (int k = number + 1, d = 0; k < t.size(); ++k) {
+            if (t[k].text == QLatin1String("(")) ++d;
+            else if (t[k].text == QLatin1String(")")) --d;
+            else if (d == 0 && isWord(t[k], "OR")) return {};
+        }
+        return {t[alias].text, t[number].text};
+    }
+    return {};
+}
+
+// Inside subqueries, the fixed company of the outer rows is written as its number: the
+// subquery no longer depends on the outer row and runs once, seeking its own indexes.
+void uncorrelateCompany(QVector<Token> &t, const FixedCompany &company)
+{
+    int depth = 0;
+    for (int i = 0; i + 2 < t.size(); ++i) {
+        if (t[i].text == QLatin1String("(")) ++depth;
+        else if (t[i].text == QLatin1String(")")) --depth;
+        if (depth > 0 && t[i].kind == Token::Word && t[i].text.compare(company.alias, Qt::CaseInsensitive) == 0
+            && t[i + 1].text == QLatin1String(".") && isWord(t[i + 2], "Cod_Empresa")) {
+            t[i] = {Token::Number, company.number};
+            t.remove(i + 1, 2);
+        }
+    }
+}
+
+bool isIntegerCode(const QString &column)
+{
+    return column.compare(QLatin1String("Codigo"), Qt::CaseInsensitive) == 0
+        || column.compare(QLatin1String("Cod_Articulo"), Qt::CaseInsensitive) == 0;
+}
+
+// The integers whose decimal text starts with `prefix`: prefix, prefix0-prefix9,
+// prefix00-prefix99 … up to 18 digits, as ranges of `column` joined by OR. Empty when no
+// integer can match (a prefix that is not digits, or "0" followed by more).
+QString integerRanges(const QString &column, const QString &prefix)
+{
+    bool digits = !prefix.isEmpty() && prefix.size() <= 18;
+    for (QChar c : prefix)
+        digits = digits && c.isDigit() && c.unicode() < 0x80;
+    if (!digits || (prefix.size() > 1 && prefix.startsWith(u'0')))
+        return {};
+    QStringList ranges;
+    qint64 low = prefix.toLongLong(), high = low;
+    for (qsizetype length = prefix.size(); length <= 18; ++length) {
+        ranges << QStringLiteral("%1 BETWEEN %2 AND %3").arg(column).arg(low).arg(high);
+        if (low == 0)
+            break;
+        low *= 10;
+        high = high * 10 + 9;
+    }
+    return u'(' + ranges.join(QLatin1String(" OR ")) + u')';
+}
+
+// The table a statement reads under `alias` ("FROM Articulos a", "JOIN Articulos_Ref c").
+QString tableOf(const QVector<Token> &t, const QString &alias)
+{
+    for (int i = 0; i < t.size(); ++i) {
+        if (!isWord(t[i], "FROM") && !isWord(t[i], "JOIN"))
+            continue;
+        const int table = nextSignificant(t, i), name = table < 0 ? -1 : nextSignificant(t, table);
+        if (name >= 0 && t[table].kind == Token::Word && t[name].kind == Token::Word
+            && t[name].text.compare(alias, Qt::CaseInsensitive) == 0)
+            return t[table].text;
+    }
+    return {};
+}
+
+// The condition that makes an integer code's prefix LIKE seek. For a table whose company the
+// statement fixes, the codes come from a subquery on that table alone, which seeks the primary
+// key once per range (SQLite does not seek OR-ed ranges of a table joined to others).
+QString integerCodeRange(const QVector<Token> &t, int colStart, int col, const QString &prefix,
+                         const FixedCompany &company)
+{
+    const QString name = lastPart(t[col].text);
+    if (integerRanges(name, prefix).isEmpty())
+        return {};
+    QString column;
+    for (int k = colStart; k <= col; ++k)
+        column += t[k].text;
+    const QString table = colStart < col && company.found()
+            && t[colStart].text.compare(company.alias, Qt::CaseInsensitive) == 0
+        ? tableOf(t, company.alias) : QString();
+    if (table.isEmpty())
+        return integerRanges(column, prefix);
+    return QStringLiteral("%1 IN (SELECT %2 FROM %3 WHERE Cod_Empresa=%4 AND %5)")
+        .arg(column, name, table, company.number, integerRanges(name, prefix));
+}
+
+void addLikeRanges(QVector<Token> &t, const FixedCompany &company)
 {
     for (int i = int(t.size()) - 1; i >= 0; --i) {
         if (!isWord(t[i], "LIKE"))
@@ -477,8 +594,16 @@ void addLikeRanges(QVector<Token> &t)
         QString column;
         for (int k = colStart; k <= col; ++k)
             column += t[k].text;
-        const QString range = QStringLiteral("(%1 >= %2 AND %1 < %3 AND ")
-                                  .arg(column, quote(prefix), quote(prefix + QString::fromUcs4(U"\U0010FFFF", 1)));
+        QString range;
+        if (isIntegerCode(lastPart(t[col].text))) {
+            range = integerCodeRange(t, colStart, col, prefix, company);
+            if (range.isEmpty())
+                continue;
+            range = u'(' + range + QStringLiteral(" AND ");
+        } else {
+            range = QStringLiteral("(%1 >= %2 AND %1 < %3 AND ")
+                        .arg(column, quote(prefix), quote(prefix + QString::fromUcs4(U"\U0010FFFF", 1)));
+        }
         t.insert(lit + 1, {Token::Punct, QStringLiteral(")")});
         t.insert(colStart, {Token::Punct, range});
     }
@@ -495,13 +620,6 @@ QString isoDate(const QString &literal)
     if (const auto m = isoForm.match(text); m.hasMatch())
         return QStringLiteral("'%1-%2-%3'").arg(m.captured(1), m.captured(2), m.captured(3));
     return literal;
-}
-
-QString lastPart(const QString &identifier)
-{
-    QString s = identifier;
-    if (s.startsWith(u'[')) s = s.mid(1, s.size() - 2);
-    return s;
 }
 
 void rewriteDates(QVector<Token> &t)
@@ -562,7 +680,8 @@ QString SqliteDialect::adapt(const QString &tsql)
     SqlText::comprobarInstruccion(tsql);
     // Most statements (code lookups) need nothing: skip the tokenizer for them.
     static const QLatin1String triggers[] = {QLatin1String("ISNULL"), QLatin1String("TOP"), QLatin1String("CONVERT"),
-                                             QLatin1String("LIKE"), QLatin1String("FECHA"), QLatin1String("FALTA")};
+                                             QLatin1String("LIKE"), QLatin1String("FECHA"), QLatin1String("FALTA"),
+                                             QLatin1String("(SELECT")};
     if (std::none_of(std::begin(triggers), std::end(triggers),
                      [&](QLatin1String word) { return tsql.contains(word, Qt::CaseInsensitive); }))
         return tsql;
@@ -571,7 +690,10 @@ QString SqliteDialect::adapt(const QString &tsql)
     rewriteConvert(tokens);
     rewriteTop(tokens);
     rewriteDates(tokens);
-    addLikeRanges(tokens);
+    const FixedCompany company = fixedCompany(tokens);
+    if (company.found())
+        uncorrelateCompany(tokens, company);
+    addLikeRanges(tokens, company);
     return join(tokens);
 }
 

@@ -53,15 +53,22 @@ private:
 frmBusqueda::frmBusqueda(const QString &name, const QString &caption, int columns, int pageSize, QWidget *parent)
     : QDialog(parent)
     , m_layout(new QVBoxLayout(this))
-    , vsListado(new SearchGrid(this))
-    , cmdAceptar(new QPushButton(QStringLiteral("&Aceptar"), this))
-    , cmdCancelar(new QPushButton(QStringLiteral("&Cancelar"), this))
     , m_model(new PagedRecordsetModel(columns, pageSize, this))
     , m_recordset(std::make_unique<Recordset>())
 {
     setObjectName(name);
     setWindowTitle(caption);
     setModal(true);
+    resize(560, 430);
+}
+
+// Created after the filters, so that the focus goes first to the filters, then the grid, then
+// the buttons.
+void frmBusqueda::addGrid()
+{
+    vsListado = new SearchGrid(this);
+    cmdAceptar = new QPushButton(QStringLiteral("&Aceptar"), this);
+    cmdCancelar = new QPushButton(QStringLiteral("&Cancelar"), this);
     vsListado->setAccessibleName(QStringLiteral("Resultados de la búsqueda"));
     vsListado->setObjectName(QStringLiteral("vsListado"));
     cmdAceptar->setObjectName(QStringLiteral("cmdAceptar"));
@@ -76,7 +83,6 @@ frmBusqueda::frmBusqueda(const QString &name, const QString &caption, int column
     buttons->addWidget(cmdAceptar);
     buttons->addWidget(cmdCancelar);
     m_layout->addLayout(buttons);
-    resize(560, 430);
 
     connect(cmdAceptar, &QPushButton::clicked, this, &frmBusqueda::onAceptar);
     connect(cmdCancelar, &QPushButton::clicked, this, &frmBusqueda::onCancelar);
@@ -107,23 +113,15 @@ TextField *frmBusqueda::addNameFilter(const QString &label1, const QString &labe
     lbl2->setObjectName(QStringLiteral("lbl2"));
     TextField *box = addFilter(QStringLiteral("txtNombre"), QStringLiteral("Nombre"));
     lbl1->setBuddy(box);
-    lbl2->setBuddy(vsListado);
     m_filters = new QHBoxLayout;
     m_filters->addWidget(box);
-    const int grid = m_layout->indexOf(vsListado);
-    m_layout->insertWidget(grid, lbl1);
-    m_layout->insertLayout(grid + 1, m_filters);
-    m_layout->insertWidget(grid + 2, lbl2);
+    m_layout->addWidget(lbl1);
+    m_layout->addLayout(m_filters);
+    m_layout->addWidget(lbl2);
+    addGrid();
+    lbl2->setBuddy(vsListado);
     m_firstFilter = box;
-    placeGridAfter(box);
     return box;
-}
-
-void frmBusqueda::placeGridAfter(QWidget *filter)
-{
-    setTabOrder(filter, vsListado);
-    setTabOrder(vsListado, cmdAceptar);
-    setTabOrder(cmdAceptar, cmdCancelar);
 }
 
 QWidget *frmBusqueda::firstFilter() const { return m_firstFilter; }

@@ -34,8 +34,8 @@ public:
     int pageSize() const;
 
 protected:
-    /// A dialog with the grid (`vsListado`) of `columns` columns and the two buttons; the
-    /// filters are added by the dialog.
+    /// A dialog whose grid (`vsListado`) will have `columns` columns; the dialog adds its filters,
+    /// then the grid and the buttons (addGrid, or addNameFilter which calls it).
     frmBusqueda(const QString &name, const QString &caption, int columns, int pageSize, QWidget *parent);
 
     /// Empties the grid, (re)opens the recordset on `statement`, loads the first page and
@@ -62,13 +62,13 @@ protected:
     /// Key-down in a filter box, after Down (to the grid) was handled.
     virtual void filterKeyDown(TextField *box, qint16 keyCode);
 
-    /// The simple name filter above the grid: `lbl1`, a row with the box `txtNombre` (read out by
-    /// assistive technology as "Nombre") and `lbl2` (whose buddy is the grid). Returns the box;
-    /// further boxes of the row are added with addFilter and placed in `m_filters`.
+    /// The simple name filter: `lbl1`, a row with the box `txtNombre` (read out by assistive
+    /// technology as "Nombre") and `lbl2` (whose buddy is the grid), then the grid and the buttons.
+    /// Returns the box; further boxes of the row are added with addFilter and placed in `m_filters`.
     TextField *addNameFilter(const QString &label1, const QString &label2);
-    /// The grid and the buttons follow `filter` in the tab order (the first focus goes to the
-    /// filters, created after the grid).
-    void placeGridAfter(QWidget *filter);
+    /// Adds the grid and the two buttons below what the layout holds: each dialog calls it once,
+    /// after creating its filters (which then come first in the tab order).
+    void addGrid();
     /// Adds a filter box named `name`, read out by assistive technology as `accessibleName`.
     /// Filter boxes upper-case as typed and take at most 80 characters.
     TextField *addFilter(const QString &name, const QString &accessibleName);
@@ -91,9 +91,9 @@ protected:
 
     /// The dialog's layout: the filters go before the grid, details after it.
     QVBoxLayout *m_layout;
-    SearchGrid *vsListado;
-    QPushButton *cmdAceptar;
-    QPushButton *cmdCancelar;
+    SearchGrid *vsListado = nullptr;
+    QPushButton *cmdAceptar = nullptr;
+    QPushButton *cmdCancelar = nullptr;
     QHBoxLayout *m_filters = nullptr; // the row of the simple name filter
     PagedRecordsetModel *m_model;
     qint32 m_codigo = 0; // the result
