@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdio>
 #include <cstring>
 #include <sqlite3.h>
 #include <vector>
@@ -262,6 +263,25 @@ void lenFunction(sqlite3_context *ctx, int, sqlite3_value **argv)
     sqlite3_result_int64(ctx, sqlite3_int64(n));
 }
 
+// The server's default float-to-text: six significant digits, the exponent with three digits
+// ("1.23457e+006"). Writes into `out` (40 bytes) and returns the length; no allocation, as it
+// runs for every price of every row listed.
+int floatText(double value, char *out)
+{
+    int n = std::snprintf(out, 40, "%.6g", value);
+    const char *e = static_cast<const char *>(std::memchr(out, 'e', size_t(n)));
+    if (!e)
+        return n;
+    const int digits = int(out + n - (e + 2)); // after "e+" / "e-"
+    if (digits < 3) {
+        const int pad = 3 - digits;
+        std::memmove(const_cast<char *>(e) + 2 + pad, e + 2, size_t(digits) + 1);
+        std::memset(const_cast<char *>(e) + 2, '0', size_t(pad));
+        n += pad;
+    }
+    return n;
+}
+
 void varcharFunction(sqlite3_context *ctx, int, sqlite3_value **argv)
 {
     switch (sqlite3_value_type(argv[0])) {
@@ -269,8 +289,8 @@ void varcharFunction(sqlite3_context *ctx, int, sqlite3_value **argv)
         sqlite3_result_null(ctx);
         return;
     case SQLITE_FLOAT: {
-        const QByteArray text = SqliteDialect::floatToVarchar(sqlite3_value_double(argv[0])).toUtf8();
-        sqlite3_result_text(ctx, text.constData(), int(text.size()), SQLITE_TRANSIENT);
+        char text[40];
+        sqlite3_result_text(ctx, text, floatText(sqlite3_value_double(argv[0]), text), SQLITE_TRANSIENT);
         return;
     }
     default:
@@ -570,8 +590,32 @@ QString integerCodeRange(const QVector<Token> &t, int colStart, int col, const Q
         .arg(column, name, table, company.number, integerRanges(name, prefix));
 }
 
+// The column of the fixed company's table that the statement is ordered by ("ORDER BY
+// a.Codigo"), or empty.
+QString orderColumn(const QVector<Token> &t, const FixedCompany &company)
+{
+    for (int i = 0; i + 2 < t.size(); ++i) {
+        if (!isWord(t[i], "ORDER"))
+            continue;
+        const int by = nextSignificant(t, i), alias = nextSignificant(t, by), dot = nextSignificant(t, alias);
+        const int column = nextSignificant(t, dot), after = nextSignificant(t, column);
+        if (column >= 0 && isWord(t[by], "BY") && t[alias].text.compare(company.alias, Qt::CaseInsensitive) == 0
+            && t[dot].text == QLatin1String(".") && t[column].kind == Token::Word && after < 0)
+            return t[column].text;
+    }
+    return {};
+}
+
 void addLikeRanges(QVector<Token> &t, const FixedCompany &company)
 {
+    QVector<int> depth(t.size());
+    for (int i = 0, d = 0; i < t.size(); ++i) {
+        d += t[i].text == QLatin1String(")") ? -1 : 0;
+        depth[i] = d;
+        d += t[i].text == QLatin1String("(") ? 1 : 0;
+    }
+    const QString table = company.found() ? tableOf(t, company.alias) : QString();
+    const QString ordered = table.isEmpty() ? QString() : orderColumn(t, company);
     for (int i = int(t.size()) - 1; i >= 0; --i) {
         if (!isWord(t[i], "LIKE"))
             continue;
@@ -594,18 +638,26 @@ void addLikeRanges(QVector<Token> &t, const FixedCompany &company)
         QString column;
         for (int k = colStart; k <= col; ++k)
             column += t[k].text;
+        const QString name = lastPart(t[col].text);
         QString range;
-        if (isIntegerCode(lastPart(t[col].text))) {
+        if (isIntegerCode(name)) {
             range = integerCodeRange(t, colStart, col, prefix, company);
             if (range.isEmpty())
                 continue;
-            range = u'(' + range + QStringLiteral(" AND ");
         } else {
-            range = QStringLiteral("(%1 >= %2 AND %1 < %3 AND ")
-                        .arg(column, quote(prefix), quote(prefix + QString::fromUcs4(U"\U0010FFFF", 1)));
+            range = QStringLiteral("%1 >= %2 AND %1 < %3")
+                        .arg(name, quote(prefix), quote(prefix + QString::fromUcs4(U"\U0010FFFF", 1)));
+            const bool ownTable = colStart < col && !ordered.isEmpty() && depth[i] == 0
+                && t[colStart].text.compare(company.alias, Qt::CaseInsensitive) == 0;
+            if (ownTable && ordered.compare(name, Qt::CaseInsensitive) != 0)
+                range = QStringLiteral("%1.%2 IN (SELECT %2 FROM %3 WHERE Cod_Empresa=%4 AND %5)")
+                            .arg(company.alias, ordered, table, company.number, range);
+            else
+                range = QStringLiteral("%1 >= %2 AND %1 < %3")
+                            .arg(column, quote(prefix), quote(prefix + QString::fromUcs4(U"\U0010FFFF", 1)));
         }
         t.insert(lit + 1, {Token::Punct, QStringLiteral(")")});
-        t.insert(colStart, {Token::Punct, range});
+        t.insert(colStart, {Token::Punct, u'(' + range + QStringLiteral(" AND ")});
     }
 }
 
@@ -721,13 +773,8 @@ bool SqliteDialect::like(const QString &text, const QString &pattern)
 
 QString SqliteDialect::floatToVarchar(double value)
 {
-    QString text = QString::asprintf("%.6g", value);
-    // The server writes exponents with three digits: 1.23457e+006.
-    static const QRegularExpression exponent(QStringLiteral(R"(e([+-])(\d+)$)"));
-    const auto m = exponent.match(text);
-    if (m.hasMatch())
-        text = text.left(m.capturedStart()) + u'e' + m.captured(1) + m.captured(2).rightJustified(3, u'0');
-    return text;
+    char text[40];
+    return QString::fromLatin1(text, floatText(value, text));
 }
 
 } // namespace Varnel_Controles

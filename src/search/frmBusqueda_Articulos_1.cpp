@@ -64,8 +64,10 @@ frmBusqueda_Articulos_1::frmBusqueda_Articulos_1(QWidget *parent)
 
     fraExtendido->setObjectName(QStringLiteral("fraExtendido"));
     fraExtendido->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+    fraExtendido->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed); // the grid takes the rest
     txtObserv->setObjectName(QStringLiteral("txtObserv"));
     txtObserv->setReadOnly(true);
+    txtObserv->setFixedHeight(120);
     txtObserv->setFocusPolicy(Qt::ClickFocus);
     txtObserv->setAccessibleName(QStringLiteral("Descripción larga"));
     picFoto->setObjectName(QStringLiteral("picFoto"));
@@ -96,6 +98,7 @@ frmBusqueda_Articulos_1::frmBusqueda_Articulos_1(QWidget *parent)
     m_layout->insertWidget(m_layout->indexOf(vsListado) + 1, fraExtendido);
     fraExtendido->setVisible(false);
     paint(lblDisponible, kDarkRed);
+    resize(720, 620);
 
     connect(vsListado->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this](const QModelIndex &current) {

@@ -1,13 +1,16 @@
 // The lookups that share one base run through the same cases: each variant's texts,
 // statements and search dialog are table data. What only one of them has comes last.
 #include "lookup/kdCliente.h"
+#include "lookup/kdFamilia.h"
 #include "lookup/kdProveedor.h"
 #include "platform/TextField.h"
 #include "support/ScriptedUi.h"
 #include "support/TestDatabase.h"
 #include "support/Widgets.h"
 
+#include <QLabel>
 #include <QLineEdit>
+#include <QRegularExpression>
 #include <QPushButton>
 
 using namespace Varnel_Controles;
@@ -90,9 +93,28 @@ void chooseFirstRow(QDialog &dialog, const QString &filter)
 
 void cancel(QDialog &dialog) { dialog.findChild<QPushButton *>(QStringLiteral("cmdCancelar"))->click(); }
 
+// The family picker: levels preset ("6,62"), keys typed from level 1 (digits, ⏎ Enter, ↑ Up,
+// F3 choosing the first family listed), then the boxes and labels, the lookups run after the
+// presets, how many Enters reached the host and where the focus is (1-3 a level, "after",
+// "before").
+struct Picker
+{
+    QString presets, keys, shown;
+    QStringList lookups;
+    int enters;
+    QString focus;
+};
+
+QString family(int nivel, int padre, int codigo)
+{
+    return QStringLiteral("SELECT Descripcion FROM Familias WHERE Cod_Empresa =1 AND Nivel =%1 AND Cod_Padre =%2 AND "
+                          "Codigo = %3").arg(nivel).arg(padre).arg(codigo);
+}
+
 } // namespace
 
 Q_DECLARE_METATYPE(Clerk)
+Q_DECLARE_METATYPE(Picker)
 
 class tst_kdLookup : public QObject
 {
@@ -183,6 +205,81 @@ private slots:
         QCOMPARE(h.ui.messages.size(), c.message.isEmpty() ? 0 : 1);
         QCOMPARE(QString::number(h.ui.messages.value(0).style) + h.ui.messages.value(0).title,
                  (c.message.isEmpty() ? "0" : "16") + c.message);
+    }
+
+    void whatTheClerkDoesInTheFamilyPicker_data()
+    {
+        QTest::addColumn<Picker>("p");
+        QTest::newRow("three levels, Enter through to the host")
+            << Picker{"", "6⏎62⏎621⏎", "6|REGALO|62|DECORACIÓN|621|FIGURAS",
+                      {family(1, 0, 6), family(2, 6, 62), family(3, 62, 621)}, 1, "after"};
+        QTest::newRow("empty level 1 leaves the picker") << Picker{"", "⏎", "|||||", {}, 1, "after"};
+        QTest::newRow("0 empties the level and leaves") << Picker{"", "6⏎0⏎", "6|REGALO||||", {family(1, 0, 6)}, 1, "after"};
+        QTest::newRow("unknown under its parent: emptied, the focus stays")
+            << Picker{"", "3⏎62⏎", "3|FERRETERÍA||FAMILIA INEXISTENTE||", {family(1, 0, 3), family(2, 3, 62)}, 0, "2"};
+        QTest::newRow("another family on level 1 empties the levels below")
+            << Picker{"6,62,621", "1⏎", "1|TEXTIL||||", {family(1, 0, 1)}, 0, "2"};
+        QTest::newRow("Up goes back a level, then to the previous control")
+            << Picker{"", "6⏎↑↑", "6|REGALO||||", {family(1, 0, 6)}, 0, "before"};
+        QTest::newRow("F3 lists the level's families under its parent")
+            << Picker{"6", "⏎F3", "6|REGALO|62|DECORACIÓN||",
+                      {family(1, 0, 6), "SELECT Codigo, Descripcion FROM Familias WHERE Cod_Empresa =1 AND Nivel =2 AND Cod_Padre =6 AND "
+                       "Descripcion LIKE '%' ORDER BY Descripcion"}, 0, "2"};
+    }
+    void whatTheClerkDoesInTheFamilyPicker()
+    {
+        QFETCH(Picker, p);
+        Testing::TestDatabase db;
+        Testing::ScriptedUi ui;
+        QWidget window;
+        auto *before = new QLineEdit, *after = new QLineEdit;
+        auto *picker = new kdFamilia;
+        Testing::stack(window, {before, picker, after});
+        picker->setCEmpresa(db.empresa(1));
+        int enters = 0;
+        connect(picker, &kdFamilia::KeyPress, picker, [&](qint16 &k) { enters += k == 13; });
+        const QStringList presets = p.presets.split(u',', Qt::SkipEmptyParts);
+        for (int n = 0; n < presets.size(); ++n)
+            picker->setFamilia(n + 1, qint16(presets[n].toInt()));
+        db.statements.clear();
+        QVERIFY(Testing::showActive(window));
+        picker->setFocus();
+        ui.onModal([](QDialog &d) { QTest::keyClick(d.findChild<QWidget *>("vsListado"), Qt::Key_Return); });
+        for (const QString &key : p.keys.split(QRegularExpression("(?=[⏎↑F])|(?<=[⏎↑3])"), Qt::SkipEmptyParts)) {
+            QWidget *box = QApplication::focusWidget();
+            if (key == "⏎" || key == "↑" || key == "F3")
+                QTest::keyClick(box, key == "⏎" ? Qt::Key_Return : key == "↑" ? Qt::Key_Up : Qt::Key_F3);
+            else
+                QTest::keyClicks(box, key);
+            Testing::settle();
+        }
+        QStringList shown;
+        for (int n = 1; n <= 3; ++n)
+            shown << picker->findChild<QLineEdit *>(QStringLiteral("txtFamilia%1").arg(n))->text()
+                  << picker->findChild<QLabel *>(QStringLiteral("lblFamilia%1").arg(n))->text();
+        QCOMPARE(shown.join(u'|'), p.shown);
+        QCOMPARE(db.statements, p.lookups);
+        QCOMPARE(enters, p.enters);
+        const QWidget *focus = QApplication::focusWidget();
+        QCOMPARE(focus == after ? "after" : focus == before ? "before" : focus->objectName().right(1), p.focus);
+        for (int n = 2; n <= 3; ++n) // a level is available only under a chosen one
+            QCOMPARE(picker->findChild<QWidget *>(QStringLiteral("txtFamilia%1").arg(n))->isEnabled(),
+                     picker->Familia(n - 1) != 0);
+        QCOMPARE(picker->Familia_2(), p.shown.section(u'|', 2, 2).toInt());
+    }
+
+    // The titles are the company's, "Familia", "Subfamilia", "Grupo" for the levels it has none.
+    void familyTitlesOfTheCompany()
+    {
+        Testing::TestDatabase db;
+        kdFamilia picker;
+        picker.setCEmpresa(db.empresa(1));
+        picker.setMostrarTitulos(true);
+        QVERIFY(picker.Cargar());
+        QCOMPARE(db.statements, QStringList{"SELECT Nivel, Titulo FROM Familias_Titulos WHERE Cod_Empresa =1 ORDER BY Nivel"});
+        QCOMPARE((QStringList{picker.Titulo(1), picker.Titulo(2), picker.Titulo(3)}),
+                 (QStringList{"Sección", "Familia", "Grupo"}));
+        QVERIFY(!picker.findChild<QLabel *>("lblTitulo3")->isHidden());
     }
 };
 
