@@ -269,14 +269,14 @@ void lenFunction(sqlite3_context *ctx, int, sqlite3_value **argv)
 int floatText(double value, char *out)
 {
     int n = std::snprintf(out, 40, "%.6g", value);
-    const char *e = static_cast<const char *>(std::memchr(out, 'e', size_t(n)));
+    char *e = static_cast<char *>(std::memchr(out, 'e', size_t(n)));
     if (!e)
         return n;
     const int digits = int(out + n - (e + 2)); // after "e+" / "e-"
     if (digits < 3) {
         const int pad = 3 - digits;
-        std::memmove(const_cast<char *>(e) + 2 + pad, e + 2, size_t(digits) + 1);
-        std::memset(const_cast<char *>(e) + 2, '0', size_t(pad));
+        std::memmove(e + 2 + pad, e + 2, size_t(digits) + 1);
+        std::memset(e + 2, '0', size_t(pad));
         n += pad;
     }
     return n;

@@ -35,8 +35,6 @@ private slots:
         QTest::newRow("star already last") << "patron" << "AB*" << "AB%";
         QTest::newRow("empty filter") << "patron" << "" << "%";
         QTest::newRow("filter with apostrophe") << "patron" << "O'B" << "O''B%";
-        QTest::newRow("literal filter: wildcards typed stand for themselves")
-            << "patronLiteral" << "5[0]%_*'" << "5[[]0][%][_]%''%";
     }
     void valuesAsWritten()
     {
@@ -49,8 +47,6 @@ private slots:
             QCOMPARE(SqlText::numero(input.toDouble()), sql);
         else if (builder == QLatin1String("patron"))
             QCOMPARE(SqlText::patron(input), sql);
-        else if (builder == QLatin1String("patronLiteral"))
-            QCOMPARE(SqlText::patronLiteral(input), sql);
         else
             QCOMPARE(SqlText::texto(input), sql);
         QVERIFY(SqlText::storable(input));

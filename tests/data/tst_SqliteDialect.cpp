@@ -61,17 +61,6 @@ private slots:
             "FROM Articulos a WHERE a.Cod_Empresa =1 AND (a.Codigo IN (SELECT Codigo FROM Articulos WHERE Cod_Empresa=1 AND "
             "(Codigo BETWEEN 12345678901234567 AND 12345678901234567 OR Codigo BETWEEN 123456789012345670 AND "
             "123456789012345679)) AND a.Codigo LIKE '12345678901234567%')");
-        row("prefix of another column than the order: the keys from the table alone",
-            "FROM Articulos a LEFT JOIN R r ON r.K=a.Codigo WHERE a.Cod_Empresa =1 AND a.Descripcion LIKE 'T%' ORDER BY a.Codigo",
-            "FROM Articulos a LEFT JOIN R r ON r.K=a.Codigo WHERE a.Cod_Empresa =1 AND (a.Codigo IN (SELECT Codigo FROM "
-            "Articulos WHERE Cod_Empresa=1 AND Descripcion >= 'T' AND Descripcion < 'T" + max + "') AND a.Descripcion "
-            "LIKE 'T%') ORDER BY a.Codigo");
-        row("integer code 0", "WHERE Codigo LIKE '0%'", "WHERE ((Codigo BETWEEN 0 AND 0) AND Codigo LIKE '0%')");
-        row("integer code, no digits: no range", "WHERE Codigo LIKE 'A%' OR Codigo LIKE '01%'",
-            "WHERE Codigo LIKE 'A%' OR Codigo LIKE '01%'");
-        row("the fixed company in a subquery",
-            "WHERE a.Cod_Empresa =1 AND a.Codigo IN (SELECT Cod_Articulo FROM R r WHERE  r.Cod_empresa=a.Cod_Empresa)",
-            "WHERE a.Cod_Empresa =1 AND a.Codigo IN (SELECT Cod_Articulo FROM R r WHERE  r.Cod_empresa=1)");
         row("company not fixed beside an OR",
             "WHERE a.Cod_Empresa =1 OR a.Codigo IN (SELECT Cod_Articulo FROM R r WHERE r.Cod_Empresa=a.Cod_Empresa)",
             "WHERE a.Cod_Empresa =1 OR a.Codigo IN (SELECT Cod_Articulo FROM R r WHERE r.Cod_Empresa=a.Cod_Empresa)");

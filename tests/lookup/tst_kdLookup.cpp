@@ -10,7 +10,6 @@
 
 #include <QLabel>
 #include <QLineEdit>
-#include <QRegularExpression>
 #include <QPushButton>
 
 using namespace Varnel_Controles;
@@ -94,15 +93,14 @@ void chooseFirstRow(QDialog &dialog, const QString &filter)
 void cancel(QDialog &dialog) { dialog.findChild<QPushButton *>(QStringLiteral("cmdCancelar"))->click(); }
 
 // The family picker: levels preset ("6,62"), keys typed from level 1 (digits, ⏎ Enter, ↑ Up,
-// F3 choosing the first family listed), then the boxes and labels, the lookups run after the
+// § F3 choosing the first family listed), then the boxes and labels, the lookups run after the
 // presets, how many Enters reached the host and where the focus is (1-3 a level, "after",
 // "before").
 struct Picker
 {
-    QString presets, keys, shown;
+    QString presets, keys, shown; // presets and keys typed; the boxes and labels after
     QStringList lookups;
-    int enters;
-    QString focus;
+    int enters; QString focus;
 };
 
 QString family(int nivel, int padre, int codigo)
@@ -207,6 +205,8 @@ private slots:
                  (c.message.isEmpty() ? "0" : "16") + c.message);
     }
 
+    // The family picker: Enter through the levels, the levels below emptied and unavailable under
+    // an empty one, unknown codes, Up, F3; and the titles.
     void whatTheClerkDoesInTheFamilyPicker_data()
     {
         QTest::addColumn<Picker>("p");
@@ -214,15 +214,14 @@ private slots:
             << Picker{"", "6⏎62⏎621⏎", "6|REGALO|62|DECORACIÓN|621|FIGURAS",
                       {family(1, 0, 6), family(2, 6, 62), family(3, 62, 621)}, 1, "after"};
         QTest::newRow("empty level 1 leaves the picker") << Picker{"", "⏎", "|||||", {}, 1, "after"};
-        QTest::newRow("0 empties the level and leaves") << Picker{"", "6⏎0⏎", "6|REGALO||||", {family(1, 0, 6)}, 1, "after"};
+        QTest::newRow("Up goes back a level, then on; 0 left empty")
+            << Picker{"6", "⏎0↑↑", "6|REGALO||||", {family(1, 0, 6)}, 0, "before"};
         QTest::newRow("unknown under its parent: emptied, the focus stays")
             << Picker{"", "3⏎62⏎", "3|FERRETERÍA||FAMILIA INEXISTENTE||", {family(1, 0, 3), family(2, 3, 62)}, 0, "2"};
         QTest::newRow("another family on level 1 empties the levels below")
             << Picker{"6,62,621", "1⏎", "1|TEXTIL||||", {family(1, 0, 1)}, 0, "2"};
-        QTest::newRow("Up goes back a level, then to the previous control")
-            << Picker{"", "6⏎↑↑", "6|REGALO||||", {family(1, 0, 6)}, 0, "before"};
         QTest::newRow("F3 lists the level's families under its parent")
-            << Picker{"6", "⏎F3", "6|REGALO|62|DECORACIÓN||",
+            << Picker{"6", "⏎§", "6|REGALO|62|DECORACIÓN||",
                       {family(1, 0, 6), "SELECT Codigo, Descripcion FROM Familias WHERE Cod_Empresa =1 AND Nivel =2 AND Cod_Padre =6 AND "
                        "Descripcion LIKE '%' ORDER BY Descripcion"}, 0, "2"};
     }
@@ -238,19 +237,15 @@ private slots:
         picker->setCEmpresa(db.empresa(1));
         int enters = 0;
         connect(picker, &kdFamilia::KeyPress, picker, [&](qint16 &k) { enters += k == 13; });
-        const QStringList presets = p.presets.split(u',', Qt::SkipEmptyParts);
-        for (int n = 0; n < presets.size(); ++n)
-            picker->setFamilia(n + 1, qint16(presets[n].toInt()));
+        for (int n = 0; const QString &code : p.presets.split(u',', Qt::SkipEmptyParts))
+            picker->setFamilia(++n, qint16(code.toInt()));
         db.statements.clear();
         QVERIFY(Testing::showActive(window));
         picker->setFocus();
         ui.onModal([](QDialog &d) { QTest::keyClick(d.findChild<QWidget *>("vsListado"), Qt::Key_Return); });
-        for (const QString &key : p.keys.split(QRegularExpression("(?=[⏎↑F])|(?<=[⏎↑3])"), Qt::SkipEmptyParts)) {
-            QWidget *box = QApplication::focusWidget();
-            if (key == "⏎" || key == "↑" || key == "F3")
-                QTest::keyClick(box, key == "⏎" ? Qt::Key_Return : key == "↑" ? Qt::Key_Up : Qt::Key_F3);
-            else
-                QTest::keyClicks(box, key);
+        for (QChar c : p.keys) {
+            const int key = c == u'⏎' ? Qt::Key_Return : c == u'↑' ? Qt::Key_Up : c == u'§' ? Qt::Key_F3 : 0;
+            key ? QTest::keyClick(QApplication::focusWidget(), Qt::Key(key)) : QTest::keyClicks(QApplication::focusWidget(), c);
             Testing::settle();
         }
         QStringList shown;
@@ -262,25 +257,13 @@ private slots:
         QCOMPARE(enters, p.enters);
         const QWidget *focus = QApplication::focusWidget();
         QCOMPARE(focus == after ? "after" : focus == before ? "before" : focus->objectName().right(1), p.focus);
-        for (int n = 2; n <= 3; ++n) // a level is available only under a chosen one
-            QCOMPARE(picker->findChild<QWidget *>(QStringLiteral("txtFamilia%1").arg(n))->isEnabled(),
-                     picker->Familia(n - 1) != 0);
-        QCOMPARE(picker->Familia_2(), p.shown.section(u'|', 2, 2).toInt());
+        QCOMPARE(picker->findChild<QWidget *>("txtFamilia2")->isEnabled(), picker->Familia_1() != 0); // only under a chosen one
+        db.statements.clear(); // the company's titles, "Grupo" for the level it gives none
+        QVERIFY(picker->Cargar());
+        QCOMPARE(db.statements.value(0), "SELECT Nivel, Titulo FROM Familias_Titulos WHERE Cod_Empresa =1 ORDER BY Nivel");
+        QCOMPARE(picker->Titulo(1) + picker->Titulo(2) + picker->Titulo(3), "SecciónFamiliaGrupo");
     }
 
-    // The titles are the company's, "Familia", "Subfamilia", "Grupo" for the levels it has none.
-    void familyTitlesOfTheCompany()
-    {
-        Testing::TestDatabase db;
-        kdFamilia picker;
-        picker.setCEmpresa(db.empresa(1));
-        picker.setMostrarTitulos(true);
-        QVERIFY(picker.Cargar());
-        QCOMPARE(db.statements, QStringList{"SELECT Nivel, Titulo FROM Familias_Titulos WHERE Cod_Empresa =1 ORDER BY Nivel"});
-        QCOMPARE((QStringList{picker.Titulo(1), picker.Titulo(2), picker.Titulo(3)}),
-                 (QStringList{"Sección", "Familia", "Grupo"}));
-        QVERIFY(!picker.findChild<QLabel *>("lblTitulo3")->isHidden());
-    }
 };
 
 QTEST_MAIN(tst_kdLookup)
