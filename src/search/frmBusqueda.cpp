@@ -91,14 +91,12 @@ void frmBusqueda::addGrid()
     connect(vsListado->verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
         if (m_adding)
             return;
-        RedrawOff redraw(vsListado, m_adding);
-        m_model->scrolled(vsListado->TopRow());
-        fillView();
+        readMore([this] {
+            m_model->scrolled(vsListado->TopRow());
+            fillView();
+        });
     });
-    connect(vsListado, &SearchGrid::ViewResized, this, [this] {
-        RedrawOff redraw(vsListado, m_adding);
-        fillView();
-    });
+    connect(vsListado, &SearchGrid::ViewResized, this, [this] { readMore([this] { fillView(); }); });
 }
 
 frmBusqueda::~frmBusqueda() = default;
@@ -178,6 +176,24 @@ void frmBusqueda::setColumn(int column, int widthTwips, Qt::Alignment alignment)
 
 QString frmBusqueda::cell(int row, int column) const { return m_model->cell(row, column); }
 
+// Rows read after the search (scrolling, PageDown, End) can fail, the database gone or its file
+// damaged: the clerk is told once, the rows read stay in the grid, and the list reads no further.
+void frmBusqueda::readMore(const std::function<void()> &read)
+{
+    try {
+        RedrawOff redraw(vsListado, m_adding);
+        read();
+    } catch (const DbError &e) {
+        m_model->setSource(nullptr, {});
+        try {
+            m_recordset->close();
+        } catch (const DbError &) {
+            // Already reported: the query failed.
+        }
+        reportError(e.Description(), objectName() + QStringLiteral("::Recuperar_Registros"));
+    }
+}
+
 // A page of rows beyond the visible ones while the recordset has more: the grid has a
 // scrollbar, and Down, PageDown, the wheel and the scrollbar always have rows to go to.
 void frmBusqueda::fillView()
@@ -251,8 +267,7 @@ void frmBusqueda::onGridKeyDown(qint16 &keyCode, qint16 &shift)
             filter->setFocus();
         keyCode = 0;
     } else if (keyCode == KeyCodes::vbKeyPageDown) {
-        RedrawOff redraw(vsListado, m_adding);
-        m_model->pageDown(vsListado->Row(), [this] { return vsListado->TopRow(); });
+        readMore([this] { m_model->pageDown(vsListado->Row(), [this] { return vsListado->TopRow(); }); });
     } else if (keyCode == KeyCodes::vbKeyEnd && m_readsToEnd) {
         readToEnd(shift & KeyCodes::CtrlMask);
         keyCode = 0;
@@ -264,8 +279,7 @@ void frmBusqueda::readToEnd(bool everything)
 {
     if (everything) {
         QApplication::setOverrideCursor(Qt::WaitCursor);
-        RedrawOff redraw(vsListado, m_adding);
-        m_model->fetchAll();
+        readMore([this] { m_model->fetchAll(); });
         QApplication::restoreOverrideCursor();
     }
     vsListado->setRow(m_model->rowCount() - 1);

@@ -9,6 +9,7 @@
 #include "varnel_controles_export.h"
 
 #include <QDialog>
+#include <functional>
 #include <memory>
 
 class QHBoxLayout;
@@ -110,6 +111,7 @@ private:
     void onGridKeyPress(qint16 &keyAscii);
     void connectFilter(TextField *box);
     void fillView();
+    void readMore(const std::function<void()> &read);
     void readToEnd(bool everything);
 
     std::unique_ptr<Recordset> m_recordset;

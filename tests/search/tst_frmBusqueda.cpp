@@ -8,6 +8,8 @@
 #include "search/frmBusqueda_Familias.h"
 #include "search/frmBusqueda_Marcas.h"
 #include "search/frmBusqueda_Proveedores.h"
+#include "data/DbError.h"
+#include "support/ScriptedUi.h"
 #include "support/TestDatabase.h"
 #include "support/Widgets.h"
 
@@ -259,6 +261,39 @@ private slots:
             QCOMPARE(g->Row(), matches - 1);
         QCOMPARE(g->rowAt(g->viewport()->height() - 1), matches - 1); // the last row is shown
         QCOMPARE(g->Rows(), matches);
+    }
+
+    // A row that cannot be read while the clerk pages on (the file damaged, the share gone) is
+    // told once; the rows read stay and the dialog still accepts.
+    void aFailedReadWhilePagingIsToldOnce()
+    {
+        struct Damaged : frmBusqueda_Proveedores
+        {
+            mutable int read = 0;
+            QStringList rowCells(const Recordset &rs) const override
+            {
+                if (++read > 40)
+                    throw DbError(DbError::ProviderError, QStringLiteral("Error de la base de datos: disco dañado"));
+                return frmBusqueda_Proveedores::rowCells(rs);
+            }
+        };
+        if (!m_demo)
+            m_demo = std::make_unique<Testing::TestDatabase>(10);
+        Conexion::resetShared();
+        Conexion::setShared(m_demo->conexion());
+        Testing::ScriptedUi ui;
+        Damaged d;
+        d.setEmpresa(1);
+        QVERIFY(Testing::showActive(d));
+        d.Recuperar_Registros(QString());
+        auto *grid = d.findChild<SearchGrid *>(QStringLiteral("vsListado"));
+        for (int i = 0; i < 60; ++i)
+            QTest::keyClick(grid, Qt::Key_Down);
+        QCOMPARE(ui.messages.size(), 1);
+        QCOMPARE(ui.messages[0].title, QStringLiteral("frmBusqueda_Proveedores::Recuperar_Registros"));
+        QCOMPARE(grid->Rows(), 40);
+        QTest::keyClick(grid, Qt::Key_Return);
+        QVERIFY(d.Codigo() != 0);
     }
 };
 
