@@ -119,6 +119,7 @@ Conexion::Conexion(Dialect dialect, const QString &connectionName, QObject *pare
 
 Conexion::~Conexion()
 {
+    m_prepared.clear(); // the prepared reads go before their connections
     for (const QString &name : {m_name + QStringLiteral("_lectura"), m_name}) {
         {
             QSqlDatabase db = QSqlDatabase::database(name, false);
