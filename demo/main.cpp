@@ -8,6 +8,7 @@
 #include "PantallaEntrada.h"
 #include "PantallaListado.h"
 #include "PantallaRangos.h"
+#include "PantallaVentas.h"
 
 #include "DemoData.h"
 
@@ -77,6 +78,7 @@ int main(int argc, char **argv)
     window.addScreen(new PantallaRangos(empresa));
     window.addScreen(new PantallaCodigosBarras(conexion, empresa));
     window.addScreen(new PantallaListado);
+    window.addScreen(new PantallaVentas(conexion, empresa));
 
     if (parser.isSet(screenshot)) {
         const QStringList files = window.writeScreenshots(parser.value(screenshot));

@@ -1,5 +1,6 @@
 #include "VarnelControlesPlugin.h"
 
+#include <Varnel_Controles/kdArticulo.h>
 #include <Varnel_Controles/kdCliente.h>
 #include <Varnel_Controles/kdDispositivo.h>
 #include <Varnel_Controles/kdFamilia.h>
@@ -101,6 +102,9 @@ VarnelControlesPlugin::VarnelControlesPlugin(QObject *parent)
          QStringLiteral("Cli"), QColor(0xff, 0xe0, 0xa0), 300, 21, creator<kdCliente>()},
         {QStringLiteral("kdFamilia"), QStringLiteral("Familia en tres niveles y sus descripciones; F3 busca"),
          QStringLiteral("Fam"), QColor(0xff, 0xe0, 0xa0), 300, 69, creator<kdFamilia>()},
+        {QStringLiteral("kdArticulo"),
+         QStringLiteral("Artículo por código, referencia («.» proveedor, «*» cliente) o código de barras, y su descripción; F3 busca"),
+         QStringLiteral("Art"), QColor(0xff, 0xe0, 0xa0), 400, 21, creator<kdArticulo>()},
     };
     for (const Control &c : controls)
         m_widgets.append(new ControlPlugin(c));

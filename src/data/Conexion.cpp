@@ -119,6 +119,7 @@ Conexion::Conexion(Dialect dialect, const QString &connectionName, QObject *pare
 
 Conexion::~Conexion()
 {
+    m_prepared.clear(); // the prepared reads go before their connections
     QStringList names{m_name};
     for (const Reader &reader : std::as_const(m_readers))
         names.prepend(reader.name);

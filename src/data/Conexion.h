@@ -6,8 +6,13 @@
 #include "varnel_controles_export.h"
 
 #include <QObject>
+#include <QHash>
+#include <unordered_map>
+#include <vector>
 #include <QPointer>
 #include <QSqlDatabase>
+#include <QSqlQuery>
+#include <QSqlRecord>
 #include <QStringList>
 #include <QUrl>
 
@@ -146,6 +151,19 @@ private:
     int m_depth = 0;              // open transaction levels
     bool m_lost = false;          // the database ended the transaction while levels were open
     QStringList m_sessionStatements;
+
+    // Forward-only reads prepared once (SQLite): by reading connection and statement text with
+    // its literals as parameters; a recordset takes one while open and gives it back on close.
+    friend class Recordset;
+    struct Prepared
+    {
+        QSqlQuery query;
+        QSqlRecord columns;
+        Prepared(QSqlQuery &&q, const QSqlRecord &r) : query(std::move(q)), columns(r) {}
+        Prepared(Prepared &&) = default;
+        Prepared &operator=(Prepared &&) = default;
+    };
+    std::unordered_map<QString, std::vector<Prepared>> m_prepared;
 };
 
 } // namespace Varnel_Controles

@@ -44,11 +44,86 @@ QString withLockHint(const QString &tsql, const QString &table)
     return out;
 }
 
+// The statement with its literals as parameters ("?"), their values in `values`: every text
+// literal, and the whole numbers compared with =, <, >, <>, <= or >= (those in an ORDER BY,
+// a LIMIT or a list stay, so does any number of more than 18 digits). Empty when the statement
+// is not one to prepare this way (a comment, an N'' literal, a quote left open).
+QString parameterized(const QString &sql, QVariantList &values)
+{
+    QString out;
+    out.reserve(sql.size());
+    QChar last; // the last character written that is not a blank
+    const qsizetype n = sql.size();
+    const auto word = [](QChar c) { return c.isLetterOrNumber() || c == u'_' || c == u'$' || c == u'@' || c == u'#'; };
+    for (qsizetype i = 0; i < n;) {
+        const QChar c = sql.at(i);
+        if (c == u'\'') {
+            if (!out.isEmpty() && word(out.back()))
+                return QString(); // N'…'
+            QString text;
+            text.reserve(16); // '' is an empty text, never a NULL
+            qsizetype j = i + 1;
+            for (;; ++j) {
+                if (j >= n)
+                    return QString();
+                if (sql.at(j) == u'\'') {
+                    if (j + 1 < n && sql.at(j + 1) == u'\'') {
+                        text += u'\'';
+                        ++j;
+                        continue;
+                    }
+                    break;
+                }
+                text += sql.at(j);
+            }
+            values << text;
+            out += u'?';
+            last = u'?';
+            i = j + 1;
+        } else if ((c == u'-' || c == u'/') && i + 1 < n && sql.at(i + 1) == (c == u'-' ? u'-' : u'*')) {
+            return QString();
+        } else if (c.isDigit() && (last == u'=' || last == u'<' || last == u'>')
+                   && (out.isEmpty() || !word(out.back()))) {
+            qsizetype j = i;
+            while (j < n && sql.at(j).isDigit())
+                ++j;
+            if (j - i > 18 || (j < n && (word(sql.at(j)) || sql.at(j) == u'.'))) {
+                out += sql.mid(i, j - i);
+                last = sql.at(j - 1);
+            } else {
+                values << sql.mid(i, j - i).toLongLong();
+                out += u'?';
+                last = u'?';
+            }
+            i = j;
+        } else if (word(c) || c == u'[') {
+            qsizetype j = i + 1;
+            if (c == u'[')
+                while (j < n && sql.at(j - 1) != u']')
+                    ++j;
+            else
+                while (j < n && word(sql.at(j)))
+                    ++j;
+            out += sql.mid(i, j - i);
+            last = sql.at(j - 1);
+            i = j;
+        } else {
+            out += c;
+            if (!c.isSpace())
+                last = c;
+            ++i;
+        }
+    }
+    return out;
+}
+
 } // namespace
 
 Recordset::~Recordset()
 {
     try {
+        if (m_mode == ForwardOnly)
+            close(); // the prepared read goes back to its connection
         endLock(false);
     } catch (const DbError &) {
         // The connection is unusable; its next statement reports why.
@@ -85,16 +160,46 @@ void Recordset::open(const QString &tsql, Conexion *connection)
         throw DbError(DbError::ObjectNotSet, QStringLiteral("No hay conexión con la base de datos: falta asignar Conexion."));
     const QString statement = connection->adapt(tsql);
     connection->trace(tsql);
-    m_query = QSqlQuery(connection->readDatabase());
-    m_query.setForwardOnly(true);
-    if (!m_query.exec(statement)) {
+    const QSqlDatabase db = connection->readDatabase();
+    // On SQLite the statement is prepared once per text with its literals as parameters: a
+    // lookup then costs its execution only.
+    QVariantList values;
+    const QString shape = connection->dialect() == Conexion::Sqlite ? parameterized(statement, values) : QString();
+    bool done = false;
+    if (!shape.isEmpty()) {
+        m_preparedKey = db.connectionName() + u'\n' + shape;
+        std::vector<Conexion::Prepared> &free = connection->m_prepared[m_preparedKey];
+        if (!free.empty()) {
+            m_query = std::move(free.back().query);
+            m_columns = free.back().columns;
+            free.pop_back();
+            done = true;
+        } else {
+            m_query = QSqlQuery(db);
+            m_query.setForwardOnly(true);
+            done = m_query.prepare(shape); // else the text as it is, which reports its own error
+            m_columns = QSqlRecord();
+        }
+        for (qsizetype i = 0; done && i < values.size(); ++i)
+            m_query.bindValue(int(i), values[i]);
+        if (!done)
+            m_preparedKey.clear();
+    }
+    if (!done) {
+        m_query = QSqlQuery(db);
+        m_query.setForwardOnly(true);
+    }
+    if (!(done ? m_query.exec() : m_query.exec(statement))) {
         const DbError error = DbError::fromSql(m_query.lastError());
         m_query = QSqlQuery();
+        m_preparedKey.clear();
         throw error;
     }
     m_connection = connection;
+    m_cacheOwner = connection;
     m_mode = ForwardOnly;
-    m_columns = m_query.record(); // the names, once: building a record per field read is costly
+    if (m_columns.isEmpty())
+        m_columns = m_query.record(); // the names, once: building a record per field read is costly
     m_atEnd = !m_query.next();
 }
 
@@ -226,8 +331,16 @@ void Recordset::moveNext()
 
 void Recordset::close()
 {
-    if (m_mode == ForwardOnly)
+    if (m_mode == ForwardOnly) {
         m_query.finish();
+        if (!m_preparedKey.isEmpty() && m_cacheOwner) {
+            auto &cache = static_cast<Conexion *>(m_cacheOwner.data())->m_prepared;
+            if (cache.size() > 256)
+                cache.clear();
+            cache[m_preparedKey].emplace_back(std::move(m_query), m_columns);
+        }
+    }
+    m_preparedKey.clear();
     m_query = QSqlQuery();
     m_rows.clear();
     m_keys.clear();

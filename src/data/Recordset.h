@@ -12,6 +12,7 @@
 
 #include "varnel_controles_export.h"
 
+#include <QPointer>
 #include <QSqlQuery>
 #include <QSqlRecord>
 #include <QString>
@@ -77,6 +78,8 @@ private:
     Conexion *m_connection = nullptr;
     QSqlQuery m_query;
     QSqlRecord m_columns; // forward-only: the names of the columns
+    QString m_preparedKey;          // forward-only: the connection's prepared read it holds
+    QPointer<QObject> m_cacheOwner; // … and the connection it goes back to on close
     bool m_atEnd = true;
     // Keyset mode
     QVector<QSqlRecord> m_rows;

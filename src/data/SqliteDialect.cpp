@@ -730,12 +730,19 @@ bool SqliteDialect::isDateColumn(const QString &column)
 QString SqliteDialect::adapt(const QString &tsql)
 {
     SqlText::comprobarInstruccion(tsql);
-    // Most statements (code lookups) need nothing: skip the tokenizer for them.
-    static const QLatin1String triggers[] = {QLatin1String("ISNULL"), QLatin1String("TOP"), QLatin1String("CONVERT"),
-                                             QLatin1String("LIKE"), QLatin1String("FECHA"), QLatin1String("FALTA"),
-                                             QLatin1String("(SELECT")};
-    if (std::none_of(std::begin(triggers), std::end(triggers),
-                     [&](QLatin1String word) { return tsql.contains(word, Qt::CaseInsensitive); }))
+    // Most statements (code lookups) need nothing: skip the tokenizer for them. The words that
+    // need it are looked for in an upper-case ASCII copy made in one pass (case-insensitive
+    // searches cost more than the lookup itself); the two letters that fold to an ASCII one
+    // (long s, Kelvin sign) take the tokenizer, whose comparisons fold them.
+    static const char *const triggers[] = {"ISNULL", "TOP", "CONVERT", "LIKE", "FECHA", "FALTA", "(SELECT"};
+    QByteArray upper(tsql.size(), Qt::Uninitialized);
+    bool folds = false;
+    for (qsizetype i = 0; i < tsql.size(); ++i) {
+        const char16_t c = tsql.at(i).unicode();
+        upper[i] = c >= u'a' && c <= u'z' ? char(c - 32) : c < 128 ? char(c) : '\x7f';
+        folds = folds || c == 0x017F || c == 0x212A;
+    }
+    if (!folds && std::none_of(std::begin(triggers), std::end(triggers), [&](const char *word) { return upper.contains(word); }))
         return tsql;
     QVector<Token> tokens = tokenize(tsql);
     rewriteIsNull(tokens);

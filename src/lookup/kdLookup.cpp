@@ -9,6 +9,7 @@
 #include "platform/TextField.h"
 #include "platform/Twips.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QKeyEvent>
 #include <QLabel>
@@ -83,6 +84,10 @@ bool kdLookup::isOpenBound(qint32 code) const
 
 void kdLookup::Validar_Codigo(bool moverFoco)
 {
+    if (!resolveEntry(moverFoco)) {
+        m_modified = false;
+        return;
+    }
     setExiste(false);
     const qint32 n = Legacy::CLng(Legacy::Val(txtCodigo->text()));
     bool moveOn = true;
@@ -112,6 +117,12 @@ void kdLookup::Validar_Codigo(bool moverFoco)
     }
     m_modified = false;
     if (moveOn && moverFoco && m_keyEnterChangeFocus) {
+        // A dialog or message box of the validation may have taken the activation with it (the
+        // window system gives it back later): the Tab is this box's.
+        if (QApplication::focusWidget() != txtCodigo && isVisible()) {
+            QApplication::setActiveWindow(window());
+            txtCodigo->setFocus();
+        }
         m_movingOn = true;
         modTeclas::MoveFocusNext();
     }
@@ -153,9 +164,14 @@ void kdLookup::onKeyPress(qint16 &keyAscii)
 {
     if (keyAscii == 13)
         Validar_Codigo(true);
-    else if (keyAscii != 8 && !Legacy::IsNumeric(QString(QChar(char16_t(keyAscii)))))
+    else if (keyAscii != 8 && !acceptsCharacter(keyAscii))
         keyAscii = 0;
     Q_EMIT KeyPress(keyAscii);
+}
+
+bool kdLookup::acceptsCharacter(qint16 keyAscii) const
+{
+    return Legacy::IsNumeric(QString(QChar(char16_t(keyAscii))));
 }
 
 void kdLookup::onChange()
@@ -295,9 +311,10 @@ QSize kdLookup::sizeHint() const
 void kdLookup::ReadProperties(const PropertyBag &bag)
 {
     const bool enabled = readBool(bag, "Enabled", true);
-    readFont(bag);
+    readFontKey(bag);
     m_causesValidation = readBool(bag, "CausesValidation", true);
     txtCodigo->setReadOnly(readBool(bag, "Locked", false));
+    readKeysAfterLocked(bag);
     txtCodigo->setText(bag.ReadProperty(QStringLiteral("Text"), QString()).toString());
     txtCodigo->setToolTip(bag.ReadProperty(QStringLiteral("ToolTipText"), QString()).toString());
     m_vital = readBool(bag, "Vital", true);
@@ -314,6 +331,7 @@ void kdLookup::WriteProperties(PropertyBag &bag) const
     writeFont(bag, Font());
     bag.WriteProperty(QStringLiteral("CausesValidation"), m_causesValidation, true);
     bag.WriteProperty(QStringLiteral("Locked"), Locked(), false);
+    writeKeysAfterLocked(bag);
     bag.WriteProperty(QStringLiteral("Text"), txtCodigo->text(), QString());
     bag.WriteProperty(QStringLiteral("ToolTipText"), ToolTipText(), QString());
     bag.WriteProperty(QStringLiteral("Vital"), m_vital, true);

@@ -142,6 +142,23 @@ protected:
     /// Persisted keys after the ten shared ones.
     virtual void readExtraProperties(const PropertyBag &) {}
     virtual void writeExtraProperties(PropertyBag &) const {}
+    /// Persisted keys between "Locked" and "Text".
+    virtual void readKeysAfterLocked(const PropertyBag &) {}
+    virtual void writeKeysAfterLocked(PropertyBag &) const {}
+    /// Reads the "Font" key (once, by default).
+    virtual void readFontKey(const PropertyBag &bag) { readFont(bag); }
+    /// Whether the box takes a typed character (Backspace always passes): digits by default.
+    virtual bool acceptsCharacter(qint16 keyAscii) const;
+    /// Runs before the typed code is validated (Enter or leaving the box, as `moverFoco` says):
+    /// True lets the validation of the code in the box follow; False ends the validation
+    /// there, the focus staying where it is. By default every entry is a code.
+    virtual bool resolveEntry(bool moverFoco)
+    {
+        Q_UNUSED(moverFoco);
+        return true;
+    }
+    /// The company object and the connection the control was given.
+    const ContextoDatos &context() const { return m_context; }
 
     /// Shows `name` in the label; assistive technology reads it as the code box's description.
     void setName(const QString &name);

@@ -182,7 +182,9 @@ void TextField::keyPressEvent(QKeyEvent *event)
 
 void TextField::applyKey(QKeyEvent *event)
 {
-    if (event->matches(QKeySequence::Paste)) {
+    // (Enter is never a paste key: the lookups validate on it, without the key bindings' search.)
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!enter && event->matches(QKeySequence::Paste)) {
         if (!isReadOnly())
             pasteText();
         event->accept();

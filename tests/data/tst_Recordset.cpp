@@ -30,6 +30,28 @@ private slots:
         QVERIFY(!rs.isOpen());
     }
 
+    // A read is prepared once per shape with its literals bound: each gives what its text gives
+    // as it is, the second time as the first ('' stays text, a column number stays a column).
+    void preparedReadsGiveWhatTheirTextGives()
+    {
+        Testing::TestDatabase db;
+        for (const QString sql : {"SELECT Codigo, IFNULL(Nombre_Comercial, '') AS c FROM Proveedores WHERE Cod_Empresa = 1 ORDER BY 2, 1",
+                                  "SELECT Codigo FROM Proveedores WHERE Nombre = 'O''BRIEN IMPORT S.L.' AND Codigo IN (5, 7)",
+                                  "SELECT Codigo FROM Proveedores WHERE Nombre = 'ABAD MORENO, LUIS' AND Codigo <> 5 LIMIT 1"}) {
+            for (int round = 0; round < 2; ++round) {
+                QStringList read;
+                Recordset rs;
+                for (rs.open(sql, db.conexion()); !rs.eof(); rs.moveNext()) {
+                    QStringList cells;
+                    for (const QString &f : rs.fieldNames())
+                        cells << (rs.field(f).isNull() ? u"NULL"_s : rs.field(f).toString());
+                    read << cells.join(u'|');
+                }
+                QCOMPARE(read, db.rows(sql));
+            }
+        }
+    }
+
     void misusesAreErrorsNotCrashes_data()
     {
         QTest::addColumn<int>("step");

@@ -1,5 +1,6 @@
 // The lookups that share one base run through the same cases: each variant's texts,
 // statements and search dialog are table data. What only one of them has comes last.
+#include "lookup/kdArticulo.h"
 #include "lookup/kdCliente.h"
 #include "lookup/kdFamilia.h"
 #include "lookup/kdProveedor.h"
@@ -24,6 +25,8 @@ struct Variant
     QString table, statement;                                     // the lookup: %1 the company, %2 the code
     QString known, knownName, other, otherName; // a code of company 1, the first row F3 finds by `filter`,
     QString dialog, search, filter;             // and a code of company 2; how the dialog's statement starts
+    QStringList opening = {};                   // what F3 reads before the dialog's search
+    bool digitsOnly = true;                     // typed digits only, up to the upper bound's length
 };
 
 const QList<Variant> kVariants{
@@ -38,6 +41,13 @@ const QList<Variant> kVariants{
      "1001", "ABRIGOS DEL NORTE S.A.", "frmBusqueda_Clientes",
      "SELECT c.Codigo, c.Nombre, c.Nombre_Comercial, Nif FROM Clientes c WHERE c.Cod_Empresa =1 AND (c.Nombre LIKE 'PEÑA%'",
      "PEÑA"},
+    {"article", [] { return static_cast<kdLookup *>(new kdArticulo); }, "kdArticulos", "0000000", "9999999",
+     "ARTICULO INICIAL", "ARTICULO FINAL", "ARTICULO INEXISTENTE", "Articulos",
+     "SELECT Descripcion FROM Articulos WHERE Cod_Empresa =%1 AND Codigo = %2", "4711", "COLONIA FRESCA 100 ML", "1",
+     "ABRIGO DE PAÑO", "frmBusqueda_Articulos_1",
+     "SELECT a.Codigo, a.Descripcion, a.Familia_1, a.Familia_2, a.Familia_3, ISNULL(b.Cod_Barras,'') AS Cod_Barras",
+     "COLONIA", {"SELECT BusquedaArticulos FROM Empresas WHERE Codigo=1", "SELECT DirImagenArt FROM Empresas WHERE Codigo =1"},
+     false},
 };
 
 // A host form on the seeded database: the lookup and a field after it. Flags: V vital,
@@ -77,14 +87,18 @@ struct Clerk
     QString statement; // the one statement run (its beginning); none when nothing ran
     bool existe, movesOn;
     QString boxLeft, message; // the box once the focus moved on; the title of the message shown
+    QString trade = {};       // a customer's trade name after it
 };
 
 // Chooses the first row of a search dialog from inside the modal show, as a clerk would.
 void chooseFirstRow(QDialog &dialog, const QString &filter)
 {
     auto *box = dialog.findChild<TextField *>(QStringLiteral("txtNombre"));
+    const bool articles = !box; // a kdTextBox there, and F9 searches
+    if (articles)
+        box = dialog.findChild<QWidget *>(QStringLiteral("txtNombre"))->findChild<TextField *>();
     box->setText(filter);
-    QTest::keyClick(box, Qt::Key_Return);
+    QTest::keyClick(box, articles ? Qt::Key_F9 : Qt::Key_Return);
     if (auto *nif = dialog.findChild<TextField *>(QStringLiteral("txtNif")))
         QTest::keyClick(nif, Qt::Key_Return);
     QTest::keyClick(dialog.findChild<QWidget *>(QStringLiteral("vsListado")), Qt::Key_Return);
@@ -136,19 +150,21 @@ private slots:
                            !code.isEmpty() && label != x.inexistente, movesOn, box, {}});
             };
             enter("empty, inicial", "I", "", x.lower, x.inicial);
-            enter("upper bound with inicial", "I", x.upper, x.lower, x.inicial);
-            enter("typing stops at the length, final", "", x.upper + "99", x.upper, x.final);
+            if (x.digitsOnly) {
+                enter("upper bound with inicial", "I", x.upper, x.lower, x.inicial);
+                enter("typing stops at the length, final", "", x.upper + "99", x.upper, x.final);
+                enter("only digits are typed", "I", "7a-7 '7", "777", x.inexistente, "777");
+                row("set without digits: nothing looked up",
+                    {v, "I", "", "Cargar", "ABCDEFGHIJ", "", {}, false, false, x.lower, {}});
+            }
             enter("empty, vital", "VI", "", "", "", {}, false);
             enter("known", "I", x.known, x.known, x.knownName, x.known);
             enter("known, leading zeros, vital", "VI", "0" + x.known, "0" + x.known, x.knownName, x.known);
             enter("known, company 2", "I2", x.other, x.other, x.otherName, x.other);
             enter("unknown", "I", "777", "777", x.inexistente, "777");
             enter("unknown, vital", "VI", "777", "", x.inexistente, "777", false);
-            enter("only digits are typed", "I", "7a-7 '7", "777", x.inexistente, "777");
             row("set longer than the box: kept, its digits looked up",
                 {v, "I", "", "Cargar", "12ABCDEFGHIJ", "", x.statement.arg("1", "12"), false, false, "12ABCDEFGHIJ", {}});
-            row("set without digits: nothing looked up",
-                {v, "I", "", "Cargar", "ABCDEFGHIJ", "", {}, false, false, x.lower, {}});
             row("F3 chooses", {v, "IC", "", "F3", x.known, x.knownName, x.search, false, false, x.known, {}});
             row("F3, Cancel, empty, inicial", {v, "I", "", "F3", "", "", {}, false, false, x.lower, {}});
             row("F3, Cancel, 777, vital", {v, "VI", "777", "F3", "777", "", {}, false, false, "", {}});
@@ -166,6 +182,8 @@ private slots:
         QTest::newRow("supplier, left blank, zero") << Clerk{0, "B", "0", "Enter", "0", "", {}, false, true, "0", {}};
         QTest::newRow("customer, 99999") << Clerk{1, "", "99999", "Enter", "99999", "CLIENTE CINCO NUEVES",
                                                   kVariants[1].statement.arg("1", "99999"), true, true, "99999", {}};
+        QTest::newRow("customer, trade name") << Clerk{1, "", "1001", "Enter", "1001", "ABASTOS LÓPEZ S.L.",
+                                                       kVariants[1].statement.arg("1", "1001"), true, true, "1001", {}, "ABALO"};
     }
     void whatTheClerkDoesInTheBox()
     {
@@ -191,9 +209,15 @@ private slots:
         }
         QCOMPARE(h.lookup->Text() + u'|' + h.lookup->Nombre(), c.box + u'|' + c.label);
         QCOMPARE(h.lookup->Existe(), c.existe);
-        QCOMPARE(h.db.statements.size(), c.statement.isEmpty() ? 0 : 1);
-        QCOMPARE(h.db.statements.value(0).left(c.statement.size()), c.statement);
+        if (auto *customer = qobject_cast<kdCliente *>(h.lookup))
+            QCOMPARE(customer->NombreComercial(), c.trade);
         const bool searched = c.action == QLatin1String("F3") || c.action == QLatin1String("Buscar");
+        QStringList expected = searched ? h.x.opening : QStringList(), run = h.db.statements;
+        if (!c.statement.isEmpty())
+            expected << c.statement;
+        for (int i = 0; i < qMin(run.size(), expected.size()); ++i)
+            run[i].truncate(expected[i].size());
+        QCOMPARE(run, expected);
         QCOMPARE(h.ui.modalShown, searched ? QStringList{h.x.dialog} : QStringList());
         Testing::settle(); // the focus moves once the key handler has returned
         if (c.message.isEmpty()) // the scripted message box does not hand the focus back
@@ -264,6 +288,51 @@ private slots:
         QCOMPARE(picker->Titulo(1) + picker->Titulo(2) + picker->Titulo(3), "SecciónFamiliaGrupo");
     }
 
+    // Persisted keys, their spelling and order ("Dejarenblanco" is the supplier's, "DejarEnBlanco"
+    // the article's): a fresh control's flags are False against the defaults (True) read for a
+    // missing key, a value equal to its default is not written, what is written reads back.
+    void persistedProperties_data()
+    {
+        QTest::addColumn<int>("v");
+        QTest::addColumn<QStringList>("keys");
+        const QStringList head{"Enabled", "Font", "CausesValidation", "Locked"};
+        const QStringList tail{"Text", "ToolTipText", "Vital", "Inicial", "KeyUpChangeFocus", "KeyEnterChangeFocus"};
+        QTest::newRow("supplier") << 0 << head + tail + QStringList{"Dejarenblanco"};
+        QTest::newRow("customer") << 1 << head + tail;
+        QTest::newRow("article") << 2 << head + QStringList{"MaxLength"} + tail + QStringList{"DejarEnBlanco"};
+    }
+    void persistedProperties()
+    {
+        QFETCH(int, v);
+        QFETCH(QStringList, keys);
+        const auto written = [&](const QString &block, auto &&change) {
+            std::unique_ptr<kdLookup> l(kVariants[v].make());
+            if (!block.isEmpty()) // else a control as freshly placed
+                l->ReadProperties(PropertyBag::fromText(block));
+            change(*l);
+            PropertyBag out;
+            l->WriteProperties(out);
+            return out;
+        };
+        const auto nothing = [](kdLookup &) {};
+        QCOMPARE(written(QString(), nothing).keys(),
+                 (QStringList{"Vital", "Inicial", "KeyUpChangeFocus", "KeyEnterChangeFocus"}));
+        for (const QString key : {"Dejarenblanco", "DejarEnBlanco"})
+            QCOMPARE(written(key + " = -1", nothing).keys(), keys.last() == key ? QStringList{key} : QStringList());
+        const PropertyBag all = written(keys.last() + " = -1", [](kdLookup &l) {
+            l.setFont(QFont(QStringLiteral("DejaVu Serif"), 14));
+            l.setEnabled(false);
+            l.setCausesValidation(false);
+            l.setLocked(true);
+            l.setProperty("MaxLength", 13);
+            l.setText("0012");
+            l.setToolTipText("Código");
+            for (const char *flag : {"Vital", "Inicial", "KeyUpChangeFocus", "KeyEnterChangeFocus"})
+                l.setProperty(flag, false);
+        });
+        QCOMPARE(all.keys(), keys);
+        QCOMPARE(written(all.toText(), nothing).toText(), all.toText());
+    }
 };
 
 QTEST_MAIN(tst_kdLookup)

@@ -81,3 +81,11 @@ INSERT INTO Familias (Cod_Empresa, Nivel, Codigo, Cod_Padre, Descripcion) VALUES
  (1, 3, 411, 41, 'COLONIAS'), (1, 3, 611, 61, 'PELUCHES'), (1, 3, 621, 62, 'FIGURAS'), (1, 3, 622, 62, 'COSTURA'),
  (2, 1, 1, 0, 'CONFECCIÓN'), (2, 2, 11, 1, 'ABRIGOS'), (2, 3, 111, 11, 'PAÑO');
 INSERT INTO Familias_Titulos (Cod_Empresa, Nivel, Titulo) VALUES (1, 1, 'Sección'), (1, 2, 'Familia'), (2, 1, 'Línea');
+
+-- The article lookup: the clothes' qualities (size X, colour Y) and the customers' references.
+INSERT INTO Cualidades (Cod_Empresa, Codigo, Nombre) VALUES (1, 1, 'TALLA'), (1, 2, 'COLOR');
+INSERT INTO Cualidades_Des (Cod_Empresa, Cod_Cualidad, Codigo, Nombre) VALUES
+ (1, 1, 3, 'M'), (1, 1, 5, 'XL'), (1, 2, 3, 'AZUL'), (1, 2, 5, 'ROJO');
+UPDATE Articulos SET CualidadX = 1, CualidadY = 2 WHERE Cod_Empresa = 1 AND Codigo IN (3, 4);
+INSERT INTO Articulos_RefCli (Cod_Empresa, Cod_Articulo, Cod_Cli, Ref, Principal) VALUES
+ (1, 2, 1001, 'C-ÑD', 1), (1, 3, 1001, 'CLI-2', 1), (1, 4, 1002, 'CLI-2', 1);
