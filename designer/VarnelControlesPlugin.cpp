@@ -1,11 +1,13 @@
 #include "VarnelControlesPlugin.h"
 
+#include <Varnel_Controles/kdCheckBox.h>
 #include <Varnel_Controles/kdCliente.h>
 #include <Varnel_Controles/kdDispositivo.h>
 #include <Varnel_Controles/kdFamilia.h>
 #include <Varnel_Controles/kdImpresoras.h>
 #include <Varnel_Controles/kdMaskEdBox.h>
 #include <Varnel_Controles/kdProveedor.h>
+#include <Varnel_Controles/kdTemporada.h>
 #include <Varnel_Controles/kdTextBox.h>
 
 #include <QPainter>
@@ -101,6 +103,10 @@ VarnelControlesPlugin::VarnelControlesPlugin(QObject *parent)
          QStringLiteral("Cli"), QColor(0xff, 0xe0, 0xa0), 300, 21, creator<kdCliente>()},
         {QStringLiteral("kdFamilia"), QStringLiteral("Familia en tres niveles y sus descripciones; F3 busca"),
          QStringLiteral("Fam"), QColor(0xff, 0xe0, 0xa0), 300, 69, creator<kdFamilia>()},
+        {QStringLiteral("kdTemporada"), QStringLiteral("Temporada y su descripción; F3 busca"),
+         QStringLiteral("Tmp"), QColor(0xff, 0xe0, 0xa0), 240, 21, creator<kdTemporada>()},
+        {QStringLiteral("kdCheckBox"), QStringLiteral("Casilla de verificación; Intro pasa al siguiente control"),
+         QStringLiteral("[x]"), QColor(0xc0, 0xff, 0xff), 200, 21, creator<kdCheckBox>()},
     };
     for (const Control &c : controls)
         m_widgets.append(new ControlPlugin(c));

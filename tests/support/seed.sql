@@ -81,3 +81,8 @@ INSERT INTO Familias (Cod_Empresa, Nivel, Codigo, Cod_Padre, Descripcion) VALUES
  (1, 3, 411, 41, 'COLONIAS'), (1, 3, 611, 61, 'PELUCHES'), (1, 3, 621, 62, 'FIGURAS'), (1, 3, 622, 62, 'COSTURA'),
  (2, 1, 1, 0, 'CONFECCIÓN'), (2, 2, 11, 1, 'ABRIGOS'), (2, 3, 111, 11, 'PAÑO');
 INSERT INTO Familias_Titulos (Cod_Empresa, Nivel, Titulo) VALUES (1, 1, 'Sección'), (1, 2, 'Familia'), (2, 1, 'Línea');
+
+-- The article creation's tax types, seasons and descriptions (ticket: reference, brand; long: family 1, reference, brand).
+INSERT INTO TiposImpuesto (Codigo, Descripcion, Porcentaje) VALUES (1, 'IVA GENERAL', 21), (2, 'IVA REDUCIDO', 10);
+INSERT INTO Temporadas (Cod_Empresa, Codigo, Descripcion) VALUES (1, 'PV26', 'PRIMAVERA-VERANO 2026'), (1, 'OI26', 'OTOÑO-INVIERNO 2026');
+INSERT INTO Formacion_Desc (Desc_Larga, Orden, Cod_Campo, Longitud) VALUES (0, 1, 2, 6), (0, 2, 0, 1), (0, 3, 1, 10), (1, 1, 4, 12), (1, 2, 0, 1), (1, 3, 2, 20), (1, 4, 0, 1), (1, 5, 1, 15);
