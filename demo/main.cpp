@@ -2,6 +2,7 @@
 // with --screenshot DIR it renders each screen to a PNG file and exits.
 // The embedded demo database is created on first run.
 #include "DemoWindow.h"
+#include "PantallaAltaArticulos.h"
 #include "PantallaArticulos.h"
 #include "PantallaBusquedas.h"
 #include "PantallaCodigosBarras.h"
@@ -77,6 +78,7 @@ int main(int argc, char **argv)
     window.addScreen(new PantallaArticulos(conexion, empresa, path));
     window.addScreen(new PantallaRangos(empresa));
     window.addScreen(new PantallaCodigosBarras(conexion, empresa));
+    window.addScreen(new PantallaAltaArticulos(conexion, empresa));
     window.addScreen(new PantallaListado);
     window.addScreen(new PantallaVentas(conexion, empresa));
 

@@ -1,12 +1,14 @@
 #include "VarnelControlesPlugin.h"
 
 #include <Varnel_Controles/kdArticulo.h>
+#include <Varnel_Controles/kdCheckBox.h>
 #include <Varnel_Controles/kdCliente.h>
 #include <Varnel_Controles/kdDispositivo.h>
 #include <Varnel_Controles/kdFamilia.h>
 #include <Varnel_Controles/kdImpresoras.h>
 #include <Varnel_Controles/kdMaskEdBox.h>
 #include <Varnel_Controles/kdProveedor.h>
+#include <Varnel_Controles/kdTemporada.h>
 #include <Varnel_Controles/kdTextBox.h>
 
 #include <QPainter>
@@ -105,6 +107,10 @@ VarnelControlesPlugin::VarnelControlesPlugin(QObject *parent)
         {QStringLiteral("kdArticulo"),
          QStringLiteral("Artículo por código, referencia («.» proveedor, «*» cliente) o código de barras, y su descripción; F3 busca"),
          QStringLiteral("Art"), QColor(0xff, 0xe0, 0xa0), 400, 21, creator<kdArticulo>()},
+        {QStringLiteral("kdTemporada"), QStringLiteral("Temporada y su descripción; F3 busca"),
+         QStringLiteral("Tmp"), QColor(0xff, 0xe0, 0xa0), 240, 21, creator<kdTemporada>()},
+        {QStringLiteral("kdCheckBox"), QStringLiteral("Casilla de verificación; Intro pasa al siguiente control"),
+         QStringLiteral("[x]"), QColor(0xc0, 0xff, 0xff), 200, 21, creator<kdCheckBox>()},
     };
     for (const Control &c : controls)
         m_widgets.append(new ControlPlugin(c));

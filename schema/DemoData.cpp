@@ -160,6 +160,10 @@ public:
         Inserter marcas(m_db, "Marcas", {"Codigo", "Nombre"});
         for (size_t i = 0; i < countOf(kMarcas); ++i)
             marcas.row(int(i + 1), u(kMarcas[i]));
+        Inserter impuestos(m_db, "TiposImpuesto", {"Codigo", "Descripcion", "Porcentaje"});
+        impuestos.row(1, u("IVA GENERAL"), 21.0);
+        impuestos.row(2, u("IVA REDUCIDO"), 10.0);
+        impuestos.row(3, u("IVA SUPERREDUCIDO"), 4.0);
         Inserter formacion(m_db, "Formacion_Desc", {"Desc_Larga", "Orden", "Cod_Campo", "Longitud"});
         // ticket: reference (6), blank, brand (10); description: family 1, blank, reference, blank, brand
         const int ticket[][2] = {{2, 6}, {0, 1}, {1, 10}};

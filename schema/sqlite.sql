@@ -106,6 +106,13 @@ CREATE TABLE Temporadas (
     CONSTRAINT PK_Temporadas PRIMARY KEY (Cod_Empresa, Codigo)
 );
 
+-- Tax types an article is given (its TipoImpuesto); the article creation refuses an unknown one.
+CREATE TABLE TiposImpuesto (
+    Codigo       INTEGER    NOT NULL PRIMARY KEY,
+    Descripcion  TEXT COLLATE MODERN_SPANISH_CI_AS NOT NULL,
+    Porcentaje   REAL       NOT NULL DEFAULT 0
+);
+
 CREATE TABLE Articulos (
     Cod_Empresa        INTEGER     NOT NULL,
     Codigo             INTEGER          NOT NULL,

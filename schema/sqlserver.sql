@@ -104,6 +104,13 @@ CREATE TABLE Temporadas (
     CONSTRAINT PK_Temporadas PRIMARY KEY (Cod_Empresa, Codigo)
 );
 
+-- Tax types an article is given (its TipoImpuesto); the article creation refuses an unknown one.
+CREATE TABLE TiposImpuesto (
+    Codigo       SMALLINT      NOT NULL PRIMARY KEY,
+    Descripcion  VARCHAR(40)   NOT NULL,
+    Porcentaje   DECIMAL(5,2)  NOT NULL DEFAULT 0
+);
+
 CREATE TABLE Articulos (
     Cod_Empresa        SMALLINT     NOT NULL,
     Codigo             INT          NOT NULL,

@@ -89,3 +89,7 @@ INSERT INTO Cualidades_Des (Cod_Empresa, Cod_Cualidad, Codigo, Nombre) VALUES
 UPDATE Articulos SET CualidadX = 1, CualidadY = 2 WHERE Cod_Empresa = 1 AND Codigo IN (3, 4);
 INSERT INTO Articulos_RefCli (Cod_Empresa, Cod_Articulo, Cod_Cli, Ref, Principal) VALUES
  (1, 2, 1001, 'C-ÑD', 1), (1, 3, 1001, 'CLI-2', 1), (1, 4, 1002, 'CLI-2', 1);
+-- The article creation's tax types, seasons and descriptions (ticket: reference, brand; long: family 1, reference, brand).
+INSERT INTO TiposImpuesto (Codigo, Descripcion, Porcentaje) VALUES (1, 'IVA GENERAL', 21), (2, 'IVA REDUCIDO', 10);
+INSERT INTO Temporadas (Cod_Empresa, Codigo, Descripcion) VALUES (1, 'PV26', 'PRIMAVERA-VERANO 2026'), (1, 'OI26', 'OTOÑO-INVIERNO 2026');
+INSERT INTO Formacion_Desc (Desc_Larga, Orden, Cod_Campo, Longitud) VALUES (0, 1, 2, 6), (0, 2, 0, 1), (0, 3, 1, 10), (1, 1, 4, 12), (1, 2, 0, 1), (1, 3, 2, 20), (1, 4, 0, 1), (1, 5, 1, 15);
