@@ -18,6 +18,7 @@
 #include "platform/Legacy.h"
 #include "platform/UiSeam.h"
 #include "search/frmBusqueda_Marcas.h"
+#include "platform/DialogButtons.h"
 
 #include <QFocusEvent>
 #include <QGridLayout>
@@ -225,11 +226,7 @@ void frmArticulos_Creacion::buildLayout()
     grid->addWidget(chkNoGenerarSerieEAN, row++, 1);
     grid->setColumnStretch(1, 1);
 
-    auto *buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(cmdAceptar);
-    buttons->addWidget(cmdCancelar);
-    buttons->addWidget(cmdCerrar);
+    QHBoxLayout *buttons = DialogButtons::row({cmdAceptar, cmdCancelar, cmdCerrar});
     auto *layout = new QVBoxLayout(this);
     layout->addLayout(grid);
     layout->addStretch();

@@ -6,12 +6,12 @@
 #include "platform/Enums.h"
 #include "platform/Legacy.h"
 #include "platform/UiSeam.h"
+#include "platform/DialogButtons.h"
 
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QShortcut>
 
 namespace Varnel_Controles {
 
@@ -49,10 +49,7 @@ frmCodBarra_Datos::frmCodBarra_Datos(QWidget *parent)
     form->addRow(lblArticulo, txtArticulo);
     form->addRow(lblCb, txtCB);
     form->addRow(Label1, txtUnidades);
-    auto *buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(cmdAceptar);
-    buttons->addWidget(cmdCancelar);
+    QHBoxLayout *buttons = DialogButtons::row({cmdAceptar, cmdCancelar});
     form->addRow(buttons);
     lblArticulo->setBuddy(txtArticulo);
     lblCb->setBuddy(txtCB);
@@ -61,8 +58,7 @@ frmCodBarra_Datos::frmCodBarra_Datos(QWidget *parent)
 
     connect(cmdAceptar, &QPushButton::clicked, this, &frmCodBarra_Datos::aceptar);
     connect(cmdCancelar, &QPushButton::clicked, this, &frmCodBarra_Datos::reject);
-    connect(new QShortcut(QKeySequence(Qt::Key_F9), this), &QShortcut::activated, this, &frmCodBarra_Datos::aceptar);
-    connect(new QShortcut(QKeySequence(Qt::Key_F12), this), &QShortcut::activated, this, &frmCodBarra_Datos::reject);
+    DialogButtons::acceptCancelKeys(this, &frmCodBarra_Datos::aceptar, &frmCodBarra_Datos::reject);
 }
 
 void frmCodBarra_Datos::showEvent(QShowEvent *event)

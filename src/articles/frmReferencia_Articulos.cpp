@@ -6,6 +6,7 @@
 #include "data/SqlText.h"
 #include "platform/Legacy.h"
 #include "search/SearchGrid.h"
+#include "platform/DialogButtons.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -34,10 +35,7 @@ frmReferencia_Articulos::frmReferencia_Articulos(QWidget *parent)
     vsLineas->setColWidth(0, 1000);
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(vsLineas, 1);
-    auto *buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(cmdAceptar);
-    buttons->addWidget(cmdCancelar);
+    QHBoxLayout *buttons = DialogButtons::row({cmdAceptar, cmdCancelar});
     layout->addLayout(buttons);
     resize(520, 300);
     connect(cmdAceptar, &QPushButton::clicked, this, &frmReferencia_Articulos::aceptar);

@@ -7,12 +7,12 @@
 #include "lookup/kdProveedor.h"
 #include "platform/Legacy.h"
 #include "platform/UiSeam.h"
+#include "platform/DialogButtons.h"
 
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QShortcut>
 
 namespace Varnel_Controles {
 
@@ -53,10 +53,7 @@ frmReferencias_Modificar::frmReferencias_Modificar(QWidget *parent)
     form->addRow(lblProv, txtProv);
     form->addRow(QString(), txtCli);
     form->addRow(lblReferencia, txtReferencia);
-    auto *buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(cmdAceptar);
-    buttons->addWidget(cmdCancelar);
+    QHBoxLayout *buttons = DialogButtons::row({cmdAceptar, cmdCancelar});
     form->addRow(buttons);
     lblArticulo->setBuddy(txtArticulo);
     lblReferencia->setBuddy(txtReferencia);
@@ -64,8 +61,7 @@ frmReferencias_Modificar::frmReferencias_Modificar(QWidget *parent)
 
     connect(cmdAceptar, &QPushButton::clicked, this, &frmReferencias_Modificar::aceptar);
     connect(cmdCancelar, &QPushButton::clicked, this, &frmReferencias_Modificar::reject);
-    connect(new QShortcut(QKeySequence(Qt::Key_F9), this), &QShortcut::activated, this, &frmReferencias_Modificar::aceptar);
-    connect(new QShortcut(QKeySequence(Qt::Key_F12), this), &QShortcut::activated, this, &frmReferencias_Modificar::reject);
+    DialogButtons::acceptCancelKeys(this, &frmReferencias_Modificar::aceptar, &frmReferencias_Modificar::reject);
     connect(txtArticulo, &kdLookup::NombreChanged, this, [this] {
         lblCualidades->setText(txtArticulo->TieneCualidad() ? QStringLiteral("Cualidades: %1 / %2")
                                                                    .arg(txtArticulo->Nombre_CualidadX(),
