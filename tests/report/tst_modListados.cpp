@@ -1,0 +1,268 @@
+// Printed lists: the PDF's own text (pdftotext), each destination and its faults, the printer
+// of a private cupsd, long lists with progress and Cancel.
+#include "input/kdDispositivo.h"
+#include "input/kdImpresoras.h"
+#include "report/ReportLayout.h"
+#include "report/modListados.h"
+#include "support/PrivateCups.h"
+#include "support/ScriptedUi.h"
+#include "support/TestDatabase.h"
+#include "support/Widgets.h"
+
+#include <QPdfWriter>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTest>
+#include <csignal>
+#include <sys/resource.h>
+
+using namespace Varnel_Controles;
+
+namespace {
+
+QString pdfText(const QString &path, const char *mode = "-layout")
+{
+    QProcess p;
+    p.start(QStringLiteral("/usr/bin/pdftotext"), {QLatin1String(mode), path, QStringLiteral("-")});
+    p.waitForFinished(120000);
+    return QString::fromUtf8(p.readAllStandardOutput());
+}
+
+QString squeezed(QString text) { return text.remove(QRegularExpression(QStringLiteral("\\s"))); }
+
+clsListado lista(int rows)
+{
+    clsListado l(QStringLiteral("Listado de prueba"));
+    l.AgregarColumna(QStringLiteral("Código"), 800, RightJustify);
+    l.AgregarColumna(QStringLiteral("Descripción"), 3200);
+    for (int i = 1; i <= rows; ++i)
+        l.AgregarFila({QString::number(i), QStringLiteral("ARTÍCULO %1").arg(i)});
+    return l;
+}
+
+} // namespace
+
+class tst_modListados : public QObject
+{
+    Q_OBJECT
+
+    Testing::PrivateCups cups;
+    QTemporaryDir tmp;
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        cups.addFileQueue(QStringLiteral("COLA_FICHERO"));
+        cups.addClosedQueue(QStringLiteral("COLA_CERRADA"));
+        QVERIFY2(cups.start({QStringLiteral("COLA_OFICINA")}, QStringLiteral("COLA_OFICINA")), qPrintable(cups.error()));
+    }
+
+    // Title, criteria and headings on every page, "n de m", every row in the grid's order.
+    void articleListPdfHoldsEveryRowInOrder()
+    {
+        Testing::TestDatabase db(200);
+        const QString sql = QStringLiteral("SELECT a.Codigo, a.Descripcion FROM Articulos a WHERE a.Cod_Empresa =1 ORDER BY a.Codigo");
+        clsListado l(QStringLiteral("Búsqueda de artículos"));
+        l.setCriterio(QStringLiteral("Desc: * Prov: Ref:"));
+        l.AgregarColumna(QStringLiteral("Código"), 800);
+        l.AgregarColumna(QStringLiteral("Descripción"), 3200);
+        l.setConsulta(sql, {QStringLiteral("Codigo"), QStringLiteral("Descripcion")});
+        const QString path = tmp.filePath(QStringLiteral("articulos.pdf"));
+        db.statements.clear();
+        QVERIFY(modListados::Imprimir(l, kdFichero, QString(), path));
+        QCOMPARE(db.statements, QStringList({sql, sql})); // counted, then painted
+        const QStringList pages = pdfText(path).split(QLatin1Char('\f'), Qt::SkipEmptyParts);
+        QVERIFY(pages.size() >= 3);
+        for (int i = 0; i < pages.size(); ++i)
+            for (const QString &text : {l.Titulo(), l.Criterio(), QStringLiteral("Código"), QStringLiteral("Descripción"),
+                                        QStringLiteral("Página %1 de %2").arg(i + 1).arg(pages.size())})
+                QVERIFY2(pages[i].contains(text), qPrintable(QStringLiteral("página %1: %2").arg(i + 1).arg(text)));
+        const QString raw = squeezed(pdfText(path, "-raw"));
+        qsizetype at = 0;
+        const QStringList rows = db.rows(QStringLiteral("SELECT Codigo, Descripcion FROM Articulos WHERE Cod_Empresa = 1 ORDER BY Codigo"));
+        QCOMPARE(rows.size(), 200);
+        for (const QString &row : rows) {
+            at = raw.indexOf(squeezed(row).remove(QLatin1Char('|')), at);
+            QVERIFY2(at >= 0, qPrintable(row));
+        }
+    }
+
+    // Any text prints whole, wrapped inside its column; the next column's text stays intact.
+    void cellsPrintWholeInsideTheirColumn_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("twips");
+        QTest::newRow("accents and Ñ") << QStringLiteral("CAÑÓN DE ÁNGULO ÜÑÇ àèìòù") << 1400;
+        QTest::newRow("TAB and line breaks") << QStringLiteral("UNO\tDOS\r\nTRES\rCUATRO\nCINCO") << 3200;
+        QTest::newRow("long description") << QStringLiteral("TORNILLO DE ACERO INOXIDABLE ").repeated(40) << 1400;
+        QTest::newRow("one word wider than the column") << QStringLiteral("ÑANDÚ").repeated(60) << 800;
+        QTest::newRow("taller than a page") << QStringLiteral("LÍNEA LARGA DE TEXTO ").repeated(600) << 600;
+    }
+    void cellsPrintWholeInsideTheirColumn()
+    {
+        QFETCH(QString, text);
+        QFETCH(int, twips);
+        clsListado l(QStringLiteral("Textos"));
+        l.AgregarColumna(QStringLiteral("Marca"), 1000);
+        l.AgregarColumna(QStringLiteral("Texto"), twips);
+        l.AgregarFila({QStringLiteral("FIN"), text});
+        const QString path = tmp.filePath(QStringLiteral("textos.pdf"));
+        QVERIFY(modListados::Imprimir(l, kdFichero, QString(), path));
+        const QRegularExpression headings(QStringLiteral("Textos|Impresoel[0-9/:]+|Marca|Texto|Página\\d+de\\d+"));
+        QVERIFY(squeezed(pdfText(path, "-raw")).remove(headings).contains("FIN" + squeezed(ReportLayout::printable(text))));
+
+        QPdfWriter writer(tmp.filePath(QStringLiteral("medida.pdf")));
+        const ReportLayout layout(l, &writer, QRectF(0, 0, 9000, 13000));
+        const qreal inner = layout.columnWidth(1) - 2 * layout.hpad();
+        const ReportLayout::Cell lines = layout.wrap(text, inner, layout.font(false));
+        QString joined;
+        for (const auto &line : lines) {
+            QVERIFY2(line.width <= inner, qPrintable(line.text));
+            joined += line.text;
+        }
+        QCOMPARE(squeezed(joined), squeezed(ReportLayout::printable(text)));
+        QCOMPARE(ReportLayout::printable(QStringLiteral("A\tB\r\nC\x01")), QStringLiteral("A B\nC "));
+    }
+
+    void destinations_data()
+    {
+        QTest::addColumn<int>("destino");
+        QTest::addColumn<QString>("target"); // file path, printer, or the mail stand-in's exit code
+        QTest::addColumn<QString>("message"); // "" when delivered
+        const QString dir = tmp.path();
+        QTest::newRow("file") << int(kdFichero) << dir + "/ok.pdf" << "";
+        QTest::newRow("file, no folder") << int(kdFichero) << dir + "/no/x.pdf" << "no existe la carpeta";
+        QTest::newRow("file, cannot be created") << int(kdFichero) << "/proc/listado.pdf" << "No se puede guardar";
+        QTest::newRow("file, disk full") << int(kdFichero) << dir + "/lleno.pdf" << "¿disco lleno?";
+        QTest::newRow("screen") << int(kdPantalla) << "" << "";
+        QTest::newRow("no printer chosen") << int(kdImpresora) << "" << "No hay ninguna impresora";
+        QTest::newRow("e-mail") << int(kdEMail) << "0" << "";
+        QTest::newRow("e-mail, no composer set up") << int(kdEMail) << "3" << "ningún programa de correo configurado";
+        QTest::newRow("e-mail, no xdg-email") << int(kdEMail) << "none" << "xdg-email (paquete xdg-utils)";
+    }
+    void destinations()
+    {
+        QFETCH(int, destino);
+        QFETCH(QString, target);
+        QFETCH(QString, message);
+        Testing::ScriptedUi ui;
+        QTemporaryDir bin;
+        const QByteArray path = qgetenv("PATH");
+        if (destino == kdEMail) { // a stand-in composer that records its arguments
+            qputenv("PATH", bin.path().toLocal8Bit());
+            if (target != QLatin1String("none")) {
+                QFile script(bin.filePath(QStringLiteral("xdg-email")));
+                QVERIFY(script.open(QIODevice::WriteOnly));
+                script.write(QStringLiteral("#!/bin/sh\nprintf '%s\\n' \"$@\" > %1/args\nexit %2\n").arg(bin.path(), target).toUtf8());
+                script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+            }
+        }
+        rlimit limit{};
+        getrlimit(RLIMIT_FSIZE, &limit);
+        const rlimit full{8192, limit.rlim_max};
+        if (target.endsWith(QLatin1String("lleno.pdf"))) {
+            std::signal(SIGXFSZ, SIG_IGN);
+            setrlimit(RLIMIT_FSIZE, &full);
+        }
+        const QStringList before = QDir(tmp.path()).entryList(QDir::Files);
+        const bool delivered = modListados::Imprimir(lista(400), enmDestination(destino), target, target);
+        setrlimit(RLIMIT_FSIZE, &limit);
+        qputenv("PATH", path);
+
+        QCOMPARE(delivered, message.isEmpty());
+        QCOMPARE(ui.messages.size(), message.isEmpty() ? 0 : 1);
+        if (!message.isEmpty()) {
+            QVERIFY2(ui.messages[0].prompt.contains(message), qPrintable(ui.messages[0].prompt));
+            QCOMPARE(ui.messages[0].style, int(UiSeam::vbExclamation));
+        }
+        QCOMPARE(ui.modalShown, destino == kdPantalla ? QStringList{"frmVistaPrevia"} : QStringList());
+        if (destino == kdFichero) { // the final name holds the whole PDF, or nothing is left at all
+            QCOMPARE(QFileInfo::exists(target), delivered);
+            QCOMPARE(QDir(tmp.path()).entryList(QDir::Files).size(), before.size() + (delivered ? 1 : 0));
+            if (delivered)
+                QVERIFY(pdfText(target).contains(QStringLiteral("ARTÍCULO 400")));
+        }
+        if (destino == kdEMail && delivered) {
+            QFile args(bin.filePath(QStringLiteral("args")));
+            QVERIFY(args.open(QIODevice::ReadOnly));
+            const QStringList given = QString::fromUtf8(args.readAll()).split(QLatin1Char('\n'));
+            const qsizetype attach = given.indexOf(QStringLiteral("--attach"));
+            QVERIFY(attach >= 0);
+            QVERIFY(given[attach + 1].endsWith(QLatin1String("/Listado de prueba.pdf")));
+            QVERIFY(pdfText(given[attach + 1]).contains(QStringLiteral("Página 1 de")));
+        }
+    }
+
+    // The printer chosen in kdImpresoras, found by device name; a closed or removed queue.
+    void printsToAQueueChosenByDeviceName()
+    {
+        Testing::ScriptedUi ui;
+        kdImpresoras impresoras;
+        kdDispositivo dispositivo;
+        QCOMPARE(Testing::entries(dispositivo).value(1), QStringLiteral("Impresora"));
+        dispositivo.setListIndex(1);
+        impresoras.setListIndex(qint16(Testing::entries(impresoras).indexOf(QStringLiteral("COLA_FICHERO"))));
+        QVERIFY(modListados::Imprimir(lista(30), dispositivo, impresoras));
+        QTRY_VERIFY_WITH_TIMEOUT(QFileInfo(cups.outputOf(QStringLiteral("COLA_FICHERO"))).size() > 1000, 15000);
+
+        impresoras.setListIndex(qint16(Testing::entries(impresoras).indexOf(QStringLiteral("COLA_CERRADA"))));
+        QVERIFY(!modListados::Imprimir(lista(30), dispositivo, impresoras));
+        QVERIFY(cups.removeQueue(QStringLiteral("COLA_OFICINA")));
+        impresoras.setListIndex(qint16(Testing::entries(impresoras).indexOf(QStringLiteral("COLA_OFICINA"))));
+        QVERIFY(!modListados::Imprimir(lista(30), dispositivo, impresoras));
+        QCOMPARE(ui.messages.size(), 2);
+        QVERIFY(ui.messages[0].prompt.contains(QStringLiteral("«COLA_CERRADA» no admite trabajos")));
+        QVERIFY(ui.messages[1].prompt.contains(QStringLiteral("«COLA_OFICINA» ya no está en este equipo")));
+    }
+
+    // Over 300 rows a progress window covers both readings; Cancel or rows that changed
+    // between the readings deliver nothing.
+    void longListsShowProgress_data()
+    {
+        QTest::addColumn<int>("rows");
+        QTest::addColumn<bool>("streamed");
+        QTest::addColumn<int>("cancelAt");
+        QTest::addColumn<int>("extraRow"); // rows the second reading gives beyond the first
+        QTest::addColumn<qint64>("total"); // steps of the window (-1: none shown)
+        QTest::addColumn<qint64>("lastStep");
+        QTest::newRow("300 rows: no window") << 300 << false << -1 << 0 << qint64(-1) << qint64(0);
+        QTest::newRow("301 rows") << 301 << false << -1 << 0 << qint64(602) << qint64(602);
+        QTest::newRow("streamed: total known after the count") << 1000 << true << -1 << 0 << qint64(2000) << qint64(2000);
+        QTest::newRow("cancelled") << 1000 << false << 1200 << 0 << qint64(2000) << qint64(1200);
+        QTest::newRow("rows changed") << 1000 << true << -1 << 1 << qint64(2000) << qint64(2000);
+    }
+    void longListsShowProgress()
+    {
+        QFETCH(int, rows);
+        QFETCH(bool, streamed);
+        QFETCH(int, cancelAt);
+        QFETCH(int, extraRow);
+        QFETCH(qint64, total);
+        QFETCH(qint64, lastStep);
+        Testing::ScriptedUi ui;
+        ui.cancelProgressAt(cancelAt);
+        clsListado l = lista(streamed ? 0 : rows);
+        int next = 0, readings = 0;
+        if (streamed)
+            l.setFuente([&] { next = 0, ++readings; }, [&](QStringList &fila) {
+                fila = QStringList{QString::number(++next), QStringLiteral("FILA")};
+                return next <= rows + (readings > 1 ? extraRow : 0);
+            });
+        const QString path = tmp.filePath(QStringLiteral("largo.pdf"));
+        QFile::remove(path);
+        const bool ok = cancelAt < 0 && extraRow == 0;
+        QCOMPARE(modListados::Imprimir(l, kdFichero, QString(), path), ok);
+        QCOMPARE(QFileInfo::exists(path), ok);
+        QCOMPARE(ui.messages.size(), extraRow);
+        QCOMPARE(ui.progress.size(), total < 0 ? 0 : 1);
+        if (total >= 0) {
+            QCOMPARE(ui.progress[0].title, QStringLiteral("Guardar listado"));
+            QCOMPARE(ui.progress[0].total, total);
+            QCOMPARE(ui.progress[0].steps.last(), lastStep);
+        }
+    }
+};
+
+QTEST_MAIN(tst_modListados)
+#include "tst_modListados.moc"
