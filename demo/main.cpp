@@ -74,7 +74,7 @@ int main(int argc, char **argv)
     window.addScreen(new PantallaBusquedas(empresa));
     window.addScreen(new PantallaRangos(empresa));
     window.addScreen(new PantallaCodigosBarras(conexion, empresa));
-    window.addScreen(new PantallaListado);
+    window.addScreen(new PantallaListado(empresa));
 
     if (parser.isSet(screenshot)) {
         const QStringList files = window.writeScreenshots(parser.value(screenshot));

@@ -139,7 +139,10 @@ ReportLayout::Cell ReportLayout::capped(Cell lines, int maxLines, qreal width, c
     lines.resize(maxLines);
     const QFontMetricsF fm = metrics(font);
     Line &last = lines.last();
-    last.text = fm.elidedText(last.text + QStringLiteral("…………"), Qt::ElideRight, width);
+    const QString more(QChar(0x2026)); // "…": there is more than the page heading shows
+    while (!last.text.isEmpty() && fm.horizontalAdvance(last.text + more) > width)
+        last.text.chop(1);
+    last.text += more;
     last.width = fm.horizontalAdvance(last.text);
     return lines;
 }

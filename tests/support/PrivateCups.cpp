@@ -73,8 +73,7 @@ bool PrivateCups::start(const QStringList &queues, const QString &defaultQueue)
 
 bool PrivateCups::removeQueue(const QString &name)
 {
-    const QString lpadmin = QStandardPaths::findExecutable(QStringLiteral("lpadmin"), {QStringLiteral("/usr/sbin")});
-    return QProcess::execute(lpadmin.isEmpty() ? QStringLiteral("lpadmin") : lpadmin, {QStringLiteral("-x"), name}) == 0;
+    return QProcess::execute(QStringLiteral("/usr/sbin/lpadmin"), {QStringLiteral("-x"), name}) == 0; // Debian's place
 }
 
 void PrivateCups::stop()

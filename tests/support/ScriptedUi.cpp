@@ -59,10 +59,8 @@ std::unique_ptr<Progreso> ScriptedUi::Progress(const QString &text, const QStrin
         Recorded(ScriptedUi &u, qsizetype i) : ui(u), index(i) {}
         bool avanzar(qint64 hechos) override
         {
-            ProgressShown &shown = ui.progress[index];
-            shown.steps.append(hechos);
-            shown.cancelled = shown.cancelled || (ui.m_cancelAt >= 0 && hechos >= ui.m_cancelAt);
-            return !shown.cancelled;
+            ui.progress[index].steps.append(hechos);
+            return ui.m_cancelAt < 0 || hechos < ui.m_cancelAt;
         }
         void setTotal(qint64 total) override { ui.progress[index].total = total; }
     };

@@ -16,7 +16,7 @@ class ScriptedUi : public UiSeam
 {
 public:
     struct Message { QString prompt; int style; QString title; };
-    struct ProgressShown { QString text; QString title; qint64 total; QList<qint64> steps; bool cancelled = false; };
+    struct ProgressShown { QString text; QString title; qint64 total; QList<qint64> steps; };
 
     /// Installs itself; the destructor restores the default seam.
     ScriptedUi();
