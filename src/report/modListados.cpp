@@ -270,7 +270,7 @@ bool toEMail(const clsListado &listado)
         delete process;
         return aviso(QStringLiteral("No se ha podido abrir el programa de correo: %1.").arg(why), title);
     }
-    if (!process->waitForFinished(15000)) { // the composer keeps it: the message is open
+    if (!process->waitForFinished(3000)) { // the composer keeps it running: the message is open
         QObject::connect(process, &QProcess::finished, process, &QObject::deleteLater);
         dir.setAutoRemove(false);
         return true;
