@@ -2,6 +2,7 @@
 // with --screenshot DIR it renders each screen to a PNG file and exits.
 // The embedded demo database is created on first run.
 #include "DemoWindow.h"
+#include "PantallaArticulos.h"
 #include "PantallaBusquedas.h"
 #include "PantallaCodigosBarras.h"
 #include "PantallaEntrada.h"
@@ -72,6 +73,7 @@ int main(int argc, char **argv)
     DemoWindow window(conexion, empresa);
     window.addScreen(new PantallaEntrada);
     window.addScreen(new PantallaBusquedas(empresa));
+    window.addScreen(new PantallaArticulos(conexion, empresa, path));
     window.addScreen(new PantallaRangos(empresa));
     window.addScreen(new PantallaCodigosBarras(conexion, empresa));
     window.addScreen(new PantallaListado(empresa));

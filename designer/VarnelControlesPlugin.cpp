@@ -2,6 +2,7 @@
 
 #include <Varnel_Controles/kdCliente.h>
 #include <Varnel_Controles/kdDispositivo.h>
+#include <Varnel_Controles/kdFamilia.h>
 #include <Varnel_Controles/kdImpresoras.h>
 #include <Varnel_Controles/kdMaskEdBox.h>
 #include <Varnel_Controles/kdProveedor.h>
@@ -98,6 +99,8 @@ VarnelControlesPlugin::VarnelControlesPlugin(QObject *parent)
          QStringLiteral("Prv"), QColor(0xff, 0xe0, 0xa0), 300, 21, creator<kdProveedor>()},
         {QStringLiteral("kdCliente"), QStringLiteral("Código de cliente y su nombre; F3 busca"),
          QStringLiteral("Cli"), QColor(0xff, 0xe0, 0xa0), 300, 21, creator<kdCliente>()},
+        {QStringLiteral("kdFamilia"), QStringLiteral("Familia en tres niveles y sus descripciones; F3 busca"),
+         QStringLiteral("Fam"), QColor(0xff, 0xe0, 0xa0), 300, 69, creator<kdFamilia>()},
     };
     for (const Control &c : controls)
         m_widgets.append(new ControlPlugin(c));

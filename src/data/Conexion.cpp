@@ -45,15 +45,34 @@ bool writable(const QString &path)
 
 // How a database that cannot be written is opened for reading. A WAL database needs its
 // shared-memory file; where there is none and none can be made, no workstation is writing
-// it either, and it is read as an unchanging file.
+// it either, and it is read as an unchanging file, unless its log still holds changes that
+// such a reading would not see.
 QString readOnlyUri(const QString &path)
 {
     QString uri = QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath()).toString(QUrl::FullyEncoded);
     QFile file(path);
     const bool wal = file.open(QIODevice::ReadOnly) && file.read(20).mid(18, 2) == QByteArray("\x02\x02", 2);
-    if (wal && !QFileInfo::exists(path + QStringLiteral("-shm")))
+    if (wal && !QFileInfo::exists(path + QStringLiteral("-shm"))) {
+        if (QFileInfo(path + QStringLiteral("-wal")).size() > 0)
+            throw DbError(DbError::ProviderError,
+                          QStringLiteral("La base de datos %1 tiene cambios guardados que solo se pueden leer desde un "
+                                         "puesto con permiso de escritura en su carpeta. Ábrala primero en uno de esos "
+                                         "puestos.").arg(path));
         return uri + QStringLiteral("?immutable=1");
+    }
     return uri + QStringLiteral("?mode=ro");
+}
+
+// An existing file is opened only if it is an SQLite database: an empty file or another kind
+// of file is refused before anything is written to it.
+void requireDatabaseFile(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        throw DbError(DbError::ProviderError, QStringLiteral("No se puede leer la base de datos %1: %2").arg(path, file.errorString()));
+    if (file.read(16) != QByteArray("SQLite format 3\0", 16))
+        throw DbError(DbError::ProviderError,
+                      QStringLiteral("El fichero %1 no es una base de datos de la empresa.").arg(path));
 }
 
 // A value in a connection string for FreeTDS. Its parser takes a plain value up to the next
@@ -100,17 +119,50 @@ Conexion::Conexion(Dialect dialect, const QString &connectionName, QObject *pare
 
 Conexion::~Conexion()
 {
-    {
-        QSqlDatabase db = QSqlDatabase::database(m_name, false);
-        if (db.isOpen())
-            db.close();
+    for (const QString &name : {m_name + QStringLiteral("_lectura"), m_name}) {
+        {
+            QSqlDatabase db = QSqlDatabase::database(name, false);
+            if (db.isOpen())
+                db.close();
+        }
+        if (QSqlDatabase::contains(name))
+            QSqlDatabase::removeDatabase(name);
     }
-    QSqlDatabase::removeDatabase(m_name);
 }
 
 QSqlDatabase Conexion::database() const
 {
     return QSqlDatabase::database(m_name, false);
+}
+
+QSqlDatabase Conexion::readDatabase()
+{
+    if (m_dialect != Sqlite || m_depth > 0 || m_path == QLatin1String(":memory:"))
+        return database();
+    if (!m_readerHandle)
+        openReader();
+    return QSqlDatabase::database(m_name + QStringLiteral("_lectura"), false);
+}
+
+// The second connection of an SQLite file, for reads outside transactions: opened as the first
+// one was, and refusing to write.
+void Conexion::openReader()
+{
+    const QSqlDatabase main = database();
+    QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_name + QStringLiteral("_lectura"));
+    db.setDatabaseName(main.databaseName());
+    db.setConnectOptions(main.connectOptions());
+    if (!db.open())
+        throw DbError(DbError::ProviderError,
+                      QStringLiteral("No se pudo abrir la base de datos %1: %2").arg(m_path, db.lastError().text()));
+    const QVariant handle = db.driver()->handle();
+    sqlite3 *reader = *static_cast<sqlite3 *const *>(handle.constData());
+    SqliteDialect::registerFunctions(reader);
+    sqlite3_busy_timeout(reader, m_busyTimeout);
+    QSqlQuery q(db);
+    if (!q.exec(QStringLiteral("PRAGMA query_only = 1")))
+        throw DbError::fromSql(q.lastError());
+    m_readerHandle = reader;
 }
 
 void Conexion::registerSqliteExtensions(sqlite3 *handle)
@@ -120,10 +172,16 @@ void Conexion::registerSqliteExtensions(sqlite3 *handle)
 
 Conexion *Conexion::createSqlite(const QString &path, QObject *parent)
 {
+    return openSqlite(path, parent, false);
+}
+
+Conexion *Conexion::openSqlite(const QString &path, QObject *parent, bool companyDatabase)
+{
     requireDriver(QStringLiteral("QSQLITE"), QStringLiteral("libqt6sql6-sqlite"));
     const QString name = QStringLiteral("kd_%1").arg(++g_counter);
     auto *conn = new Conexion(Sqlite, name, parent);
     conn->m_path = path;
+    conn->m_busyTimeout = g_busyTimeout;
     conn->m_readOnly = path != QLatin1String(":memory:") && QFileInfo::exists(path) && !writable(path);
     QString failure;
     {
@@ -142,7 +200,7 @@ Conexion *Conexion::createSqlite(const QString &path, QObject *parent)
     try {
         if (!failure.isEmpty())
             throw DbError(DbError::ProviderError, failure);
-        conn->prepareSqlite();
+        conn->prepareSqlite(companyDatabase);
     } catch (...) {
         delete conn;
         throw;
@@ -150,7 +208,7 @@ Conexion *Conexion::createSqlite(const QString &path, QObject *parent)
     return conn;
 }
 
-void Conexion::prepareSqlite()
+void Conexion::prepareSqlite(bool companyDatabase)
 {
     QSqlDatabase db = database();
     const QVariant handle = db.driver()->handle();
@@ -159,6 +217,13 @@ void Conexion::prepareSqlite()
     m_handle = *static_cast<sqlite3 *const *>(handle.constData());
     SqliteDialect::registerFunctions(m_handle);
     QSqlQuery q(db);
+    // A company database is known by its table of companies; another file is left untouched.
+    if (companyDatabase
+        && (!q.exec(QStringLiteral("SELECT 1 FROM sqlite_master WHERE type = 'table' AND name = 'Empresas'")) || !q.next())) {
+        if (q.lastError().isValid())
+            throw DbError::fromSql(q.lastError());
+        throw DbError(DbError::ProviderError, QStringLiteral("El fichero %1 no es una base de datos de la empresa.").arg(m_path));
+    }
     if (!m_readOnly && !q.exec(QStringLiteral("PRAGMA journal_mode=WAL")))
         throw DbError::fromSql(q.lastError());
     // A connection that cannot read its schema (another workstation holds it locked) is not
@@ -195,9 +260,12 @@ Conexion *Conexion::open(const QString &urlText, QObject *parent)
         const QString path = urlText.mid(7);
         if (path.isEmpty())
             throw DbError(DbError::ProviderError, QStringLiteral("URL de conexión no válida: falta la ruta en «%1».").arg(urlText));
-        if (path != QLatin1String(":memory:") && !QFileInfo::exists(path))
+        if (path == QLatin1String(":memory:"))
+            return createSqlite(path, parent);
+        if (!QFileInfo::exists(path))
             throw DbError(DbError::ProviderError, QStringLiteral("No existe la base de datos %1.").arg(path));
-        return createSqlite(path, parent);
+        requireDatabaseFile(path);
+        return openSqlite(path, parent, true);
     }
     const QUrl url(urlText, QUrl::StrictMode);
     if (!url.isValid() || url.scheme() != QLatin1String("mssql") || url.host().isEmpty()
@@ -316,7 +384,7 @@ QString Conexion::odbcConnectOptions(const QUrl &url)
         if (timeout < 1 || timeout > kMaxLoginTimeout)
             throw DbError(DbError::ProviderError,
                           QStringLiteral("URL de conexión no válida: timeout=%1; el tiempo de espera es un número "
-                                         "de segundos entre 1 y %2.").arg(text).arg(kMaxLoginTimeout));
+                                         "de segundos entre 1 y %2.").arg(text, QString::number(kMaxLoginTimeout)));
     }
     return QStringLiteral("SQL_ATTR_ODBC_VERSION=SQL_OV_ODBC3;SQL_ATTR_LOGIN_TIMEOUT=%1").arg(timeout);
 }
@@ -327,8 +395,10 @@ int Conexion::defaultBusyTimeout() { return g_busyTimeout; }
 
 void Conexion::setBusyTimeout(int milliseconds)
 {
-    if (m_handle)
-        sqlite3_busy_timeout(m_handle, qMax(0, milliseconds));
+    m_busyTimeout = qMax(0, milliseconds);
+    for (sqlite3 *handle : {m_handle, m_readerHandle})
+        if (handle)
+            sqlite3_busy_timeout(handle, m_busyTimeout);
 }
 
 void Conexion::requireWritable() const

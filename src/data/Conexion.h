@@ -29,6 +29,8 @@ public:
     /// On SQL Server the session is then set up by the statements of sessionStatements().
     /// An SQLite file that this user cannot write (or in a folder it cannot write) opens
     /// read-only; a database locked by another workstation fails after the busy wait.
+    /// An SQLite file must be a company database (an SQLite file with the Empresas table); an
+    /// empty or foreign file is refused untouched.
     static Conexion *open(const QString &url, QObject *parent = nullptr);
     /// Creates (or opens) an SQLite database file, creating it when missing.
     static Conexion *createSqlite(const QString &path, QObject *parent = nullptr);
@@ -58,6 +60,11 @@ public:
     QStringList sessionStatements() const { return m_sessionStatements; }
     /// The Qt connection, for code that needs the raw driver (benchmarks, the generator).
     QSqlDatabase database() const;
+    /// The connection a forward-only read runs on. On an SQLite file, outside a transaction, a
+    /// second connection to the same file: a read left open (a search dialog's list, a barcode
+    /// recordset being browsed) then never holds back this connection's writes. Inside a
+    /// transaction, the connection itself, so that reads see the transaction's own writes.
+    QSqlDatabase readDatabase();
     /// The statement as the database receives it (adapted on SQLite). Throws DbError for a
     /// statement holding text SQL cannot store: every statement passes here before it is prepared.
     QString adapt(const QString &tsql) const;
@@ -112,7 +119,9 @@ Q_SIGNALS:
 
 private:
     Conexion(Dialect dialect, const QString &connectionName, QObject *parent);
-    void prepareSqlite();
+    static Conexion *openSqlite(const QString &path, QObject *parent, bool companyDatabase);
+    void prepareSqlite(bool companyDatabase);
+    void openReader();
     void requireWritable() const;
     void rebuildTextIndexes();
     void prepareSqlServer();
@@ -125,7 +134,9 @@ private:
     QString m_name;
     QString m_path;               // SQLite: the database file
     sqlite3 *m_handle = nullptr;  // SQLite: the driver's handle
+    sqlite3 *m_readerHandle = nullptr; // SQLite: the reading connection's handle, once opened
     bool m_readOnly = false;
+    int m_busyTimeout = 0;         // SQLite: milliseconds a statement waits for a lock
     int m_depth = 0;              // open transaction levels
     bool m_lost = false;          // the database ended the transaction while levels were open
     QStringList m_sessionStatements;

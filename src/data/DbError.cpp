@@ -12,7 +12,8 @@ DbError DbError::fromSql(const QSqlError &error)
     const qint32 native = error.nativeErrorCode().toInt(&numeric);
     // SQLite's lock and read-only failures, told the way a clerk can act on them.
     const QString sqliteText = error.databaseText();
-    if (numeric && (native == 5 || native == 6) && sqliteText.contains(QLatin1String("locked")))
+    // (Extended codes keep the primary one in their low byte: 517, a stale snapshot, is busy too.)
+    if (numeric && ((native & 0xFF) == 5 || (native & 0xFF) == 6) && sqliteText.contains(QLatin1String("locked")))
         return DbError(native, QStringLiteral("La base de datos está ocupada en otro puesto. Espere un momento y "
                                               "vuelva a intentarlo."));
     if (numeric && native == 8 && sqliteText.contains(QLatin1String("readonly")))

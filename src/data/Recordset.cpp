@@ -85,7 +85,7 @@ void Recordset::open(const QString &tsql, Conexion *connection)
         throw DbError(DbError::ObjectNotSet, QStringLiteral("No hay conexión con la base de datos: falta asignar Conexion."));
     const QString statement = connection->adapt(tsql);
     connection->trace(tsql);
-    m_query = QSqlQuery(connection->database());
+    m_query = QSqlQuery(connection->readDatabase());
     m_query.setForwardOnly(true);
     if (!m_query.exec(statement)) {
         const DbError error = DbError::fromSql(m_query.lastError());
@@ -94,6 +94,7 @@ void Recordset::open(const QString &tsql, Conexion *connection)
     }
     m_connection = connection;
     m_mode = ForwardOnly;
+    m_columns = m_query.record(); // the names, once: building a record per field read is costly
     m_atEnd = !m_query.next();
 }
 
@@ -178,7 +179,7 @@ void Recordset::requireRow() const
 QVariant Recordset::field(const QString &name) const
 {
     requireRow();
-    const QSqlRecord record = m_mode == Keyset ? m_rows[m_row] : m_query.record();
+    const QSqlRecord &record = m_mode == Keyset ? m_rows[m_row] : m_columns;
     const int index = record.indexOf(name);
     if (index < 0)
         fail(QStringLiteral("No existe la columna %1 en la consulta.").arg(name));

@@ -76,6 +76,7 @@ private:
     Mode m_mode = Closed;
     Conexion *m_connection = nullptr;
     QSqlQuery m_query;
+    QSqlRecord m_columns; // forward-only: the names of the columns
     bool m_atEnd = true;
     // Keyset mode
     QVector<QSqlRecord> m_rows;

@@ -53,6 +53,19 @@ QString patron(const QString &filter)
     return texto(p);
 }
 
+QString patronLiteral(const QString &filter)
+{
+    QString escaped;
+    escaped.reserve(filter.size() + 8);
+    for (QChar c : filter) {
+        if (c == u'%' || c == u'_' || c == u'[')
+            escaped += u'[' + QString(c) + u']';
+        else
+            escaped += c;
+    }
+    return patron(escaped);
+}
+
 bool storable(QStringView text) { return firstUnstorable(text) < 0; }
 
 void comprobarInstruccion(QStringView statement)

@@ -31,6 +31,9 @@ VARNEL_CONTROLES_EXPORT QString bit(bool value);
 /// becomes "%" ("PAR" → "PAR%", "*PAR" → "%PAR%", "" → "%"). Apostrophes are doubled; text SQL
 /// cannot store throws DbError as in texto.
 VARNEL_CONTROLES_EXPORT QString patron(const QString &filter);
+/// As patron, with "%", "_" and "[" typed by the user standing for themselves ("[%]", "[_]",
+/// "[[]"): only "*" is a wildcard ("50%" → "50[%]%"). A filter without them gives patron's text.
+VARNEL_CONTROLES_EXPORT QString patronLiteral(const QString &filter);
 
 /// Whether SQL can store the text: no NUL, no half surrogate pair, no U+FFFE or U+FFFF.
 VARNEL_CONTROLES_EXPORT bool storable(QStringView text);

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdio>
 #include <cstring>
 #include <sqlite3.h>
 #include <vector>
@@ -262,6 +263,25 @@ void lenFunction(sqlite3_context *ctx, int, sqlite3_value **argv)
     sqlite3_result_int64(ctx, sqlite3_int64(n));
 }
 
+// The server's default float-to-text: six significant digits, the exponent with three digits
+// ("1.23457e+006"). Writes into `out` (40 bytes) and returns the length; no allocation, as it
+// runs for every price of every row listed.
+int floatText(double value, char *out)
+{
+    int n = std::snprintf(out, 40, "%.6g", value);
+    char *e = static_cast<char *>(std::memchr(out, 'e', size_t(n)));
+    if (!e)
+        return n;
+    const int digits = int(out + n - (e + 2)); // after "e+" / "e-"
+    if (digits < 3) {
+        const int pad = 3 - digits;
+        std::memmove(e + 2 + pad, e + 2, size_t(digits) + 1);
+        std::memset(e + 2, '0', size_t(pad));
+        n += pad;
+    }
+    return n;
+}
+
 void varcharFunction(sqlite3_context *ctx, int, sqlite3_value **argv)
 {
     switch (sqlite3_value_type(argv[0])) {
@@ -269,8 +289,8 @@ void varcharFunction(sqlite3_context *ctx, int, sqlite3_value **argv)
         sqlite3_result_null(ctx);
         return;
     case SQLITE_FLOAT: {
-        const QByteArray text = SqliteDialect::floatToVarchar(sqlite3_value_double(argv[0])).toUtf8();
-        sqlite3_result_text(ctx, text.constData(), int(text.size()), SQLITE_TRANSIENT);
+        char text[40];
+        sqlite3_result_text(ctx, text, floatText(sqlite3_value_double(argv[0]), text), SQLITE_TRANSIENT);
         return;
     }
     default:
@@ -453,8 +473,149 @@ QString likePrefix(const QString &pattern)
     return prefix;
 }
 
-void addLikeRanges(QVector<Token> &t)
+QString lastPart(const QString &identifier)
 {
+    QString s = identifier;
+    if (s.startsWith(u'[')) s = s.mid(1, s.size() - 2);
+    return s;
+}
+
+// A statement whose top-level WHERE fixes one table's company ("WHERE a.Cod_Empresa =1", with
+// no OR at that level): every row it reads has that company.
+struct FixedCompany
+{
+    QString alias, number;
+    bool found() const { return !alias.isEmpty(); }
+};
+
+FixedCompany fixedCompany(const QVector<Token> &t)
+{
+    int depth = 0;
+    for (int i = 0; i < t.size(); ++i) {
+        if (t[i].text == QLatin1String("(")) ++depth;
+        else if (t[i].text == QLatin1String(")")) --depth;
+        if (depth != 0 || !isWord(t[i], "WHERE"))
+            continue;
+        const int alias = nextSignificant(t, i), dot = nextSignificant(t, alias), column = nextSignificant(t, dot);
+        const int eq = nextSignificant(t, column), number = nextSignificant(t, eq);
+        if (number < 0 || t[alias].kind != Token::Word || t[dot].text != QLatin1String(".")
+            || !isWord(t[column], "Cod_Empresa") || t[eq].text != QLatin1String("=") || t[number].kind != Token::Number)
+            return {};
+        for (int k = number + 1, d = 0; k < t.size(); ++k) {
+            if (t[k].text == QLatin1String("(")) ++d;
+            else if (t[k].text == QLatin1String(")")) --d;
+            else if (d == 0 && isWord(t[k], "OR")) return {};
+        }
+        return {t[alias].text, t[number].text};
+    }
+    return {};
+}
+
+// Inside subqueries, the fixed company of the outer rows is written as its number: the
+// subquery no longer depends on the outer row and runs once, seeking its own indexes.
+void uncorrelateCompany(QVector<Token> &t, const FixedCompany &company)
+{
+    int depth = 0;
+    for (int i = 0; i + 2 < t.size(); ++i) {
+        if (t[i].text == QLatin1String("(")) ++depth;
+        else if (t[i].text == QLatin1String(")")) --depth;
+        if (depth > 0 && t[i].kind == Token::Word && t[i].text.compare(company.alias, Qt::CaseInsensitive) == 0
+            && t[i + 1].text == QLatin1String(".") && isWord(t[i + 2], "Cod_Empresa")) {
+            t[i] = {Token::Number, company.number};
+            t.remove(i + 1, 2);
+        }
+    }
+}
+
+bool isIntegerCode(const QString &column)
+{
+    return column.compare(QLatin1String("Codigo"), Qt::CaseInsensitive) == 0
+        || column.compare(QLatin1String("Cod_Articulo"), Qt::CaseInsensitive) == 0;
+}
+
+// The integers whose decimal text starts with `prefix`: prefix, prefix0-prefix9,
+// prefix00-prefix99 … up to 18 digits, as ranges of `column` joined by OR. Empty when no
+// integer can match (a prefix that is not digits, or "0" followed by more).
+QString integerRanges(const QString &column, const QString &prefix)
+{
+    bool digits = !prefix.isEmpty() && prefix.size() <= 18;
+    for (QChar c : prefix)
+        digits = digits && c.isDigit() && c.unicode() < 0x80;
+    if (!digits || (prefix.size() > 1 && prefix.startsWith(u'0')))
+        return {};
+    QStringList ranges;
+    qint64 low = prefix.toLongLong(), high = low;
+    for (qsizetype length = prefix.size(); length <= 18; ++length) {
+        ranges << QStringLiteral("%1 BETWEEN %2 AND %3").arg(column).arg(low).arg(high);
+        if (low == 0)
+            break;
+        low *= 10;
+        high = high * 10 + 9;
+    }
+    return u'(' + ranges.join(QLatin1String(" OR ")) + u')';
+}
+
+// The table a statement reads under `alias` ("FROM Articulos a", "JOIN Articulos_Ref c").
+QString tableOf(const QVector<Token> &t, const QString &alias)
+{
+    for (int i = 0; i < t.size(); ++i) {
+        if (!isWord(t[i], "FROM") && !isWord(t[i], "JOIN"))
+            continue;
+        const int table = nextSignificant(t, i), name = table < 0 ? -1 : nextSignificant(t, table);
+        if (name >= 0 && t[table].kind == Token::Word && t[name].kind == Token::Word
+            && t[name].text.compare(alias, Qt::CaseInsensitive) == 0)
+            return t[table].text;
+    }
+    return {};
+}
+
+// The condition that makes an integer code's prefix LIKE seek. For a table whose company the
+// statement fixes, the codes come from a subquery on that table alone, which seeks the primary
+// key once per range (SQLite does not seek OR-ed ranges of a table joined to others).
+QString integerCodeRange(const QVector<Token> &t, int colStart, int col, const QString &prefix,
+                         const FixedCompany &company)
+{
+    const QString name = lastPart(t[col].text);
+    if (integerRanges(name, prefix).isEmpty())
+        return {};
+    QString column;
+    for (int k = colStart; k <= col; ++k)
+        column += t[k].text;
+    const QString table = colStart < col && company.found()
+            && t[colStart].text.compare(company.alias, Qt::CaseInsensitive) == 0
+        ? tableOf(t, company.alias) : QString();
+    if (table.isEmpty())
+        return integerRanges(column, prefix);
+    return QStringLiteral("%1 IN (SELECT %2 FROM %3 WHERE Cod_Empresa=%4 AND %5)")
+        .arg(column, name, table, company.number, integerRanges(name, prefix));
+}
+
+// The column of the fixed company's table that the statement is ordered by ("ORDER BY
+// a.Codigo"), or empty.
+QString orderColumn(const QVector<Token> &t, const FixedCompany &company)
+{
+    for (int i = 0; i + 2 < t.size(); ++i) {
+        if (!isWord(t[i], "ORDER"))
+            continue;
+        const int by = nextSignificant(t, i), alias = nextSignificant(t, by), dot = nextSignificant(t, alias);
+        const int column = nextSignificant(t, dot), after = nextSignificant(t, column);
+        if (column >= 0 && isWord(t[by], "BY") && t[alias].text.compare(company.alias, Qt::CaseInsensitive) == 0
+            && t[dot].text == QLatin1String(".") && t[column].kind == Token::Word && after < 0)
+            return t[column].text;
+    }
+    return {};
+}
+
+void addLikeRanges(QVector<Token> &t, const FixedCompany &company)
+{
+    QVector<int> depth(t.size());
+    for (int i = 0, d = 0; i < t.size(); ++i) {
+        d += t[i].text == QLatin1String(")") ? -1 : 0;
+        depth[i] = d;
+        d += t[i].text == QLatin1String("(") ? 1 : 0;
+    }
+    const QString table = company.found() ? tableOf(t, company.alias) : QString();
+    const QString ordered = table.isEmpty() ? QString() : orderColumn(t, company);
     for (int i = int(t.size()) - 1; i >= 0; --i) {
         if (!isWord(t[i], "LIKE"))
             continue;
@@ -477,10 +638,26 @@ void addLikeRanges(QVector<Token> &t)
         QString column;
         for (int k = colStart; k <= col; ++k)
             column += t[k].text;
-        const QString range = QStringLiteral("(%1 >= %2 AND %1 < %3 AND ")
-                                  .arg(column, quote(prefix), quote(prefix + QString::fromUcs4(U"\U0010FFFF", 1)));
+        const QString name = lastPart(t[col].text);
+        QString range;
+        if (isIntegerCode(name)) {
+            range = integerCodeRange(t, colStart, col, prefix, company);
+            if (range.isEmpty())
+                continue;
+        } else {
+            range = QStringLiteral("%1 >= %2 AND %1 < %3")
+                        .arg(name, quote(prefix), quote(prefix + QString::fromUcs4(U"\U0010FFFF", 1)));
+            const bool ownTable = colStart < col && !ordered.isEmpty() && depth[i] == 0
+                && t[colStart].text.compare(company.alias, Qt::CaseInsensitive) == 0;
+            if (ownTable && ordered.compare(name, Qt::CaseInsensitive) != 0)
+                range = QStringLiteral("%1.%2 IN (SELECT %2 FROM %3 WHERE Cod_Empresa=%4 AND %5)")
+                            .arg(company.alias, ordered, table, company.number, range);
+            else
+                range = QStringLiteral("%1 >= %2 AND %1 < %3")
+                            .arg(column, quote(prefix), quote(prefix + QString::fromUcs4(U"\U0010FFFF", 1)));
+        }
         t.insert(lit + 1, {Token::Punct, QStringLiteral(")")});
-        t.insert(colStart, {Token::Punct, range});
+        t.insert(colStart, {Token::Punct, u'(' + range + QStringLiteral(" AND ")});
     }
 }
 
@@ -495,13 +672,6 @@ QString isoDate(const QString &literal)
     if (const auto m = isoForm.match(text); m.hasMatch())
         return QStringLiteral("'%1-%2-%3'").arg(m.captured(1), m.captured(2), m.captured(3));
     return literal;
-}
-
-QString lastPart(const QString &identifier)
-{
-    QString s = identifier;
-    if (s.startsWith(u'[')) s = s.mid(1, s.size() - 2);
-    return s;
 }
 
 void rewriteDates(QVector<Token> &t)
@@ -562,7 +732,8 @@ QString SqliteDialect::adapt(const QString &tsql)
     SqlText::comprobarInstruccion(tsql);
     // Most statements (code lookups) need nothing: skip the tokenizer for them.
     static const QLatin1String triggers[] = {QLatin1String("ISNULL"), QLatin1String("TOP"), QLatin1String("CONVERT"),
-                                             QLatin1String("LIKE"), QLatin1String("FECHA"), QLatin1String("FALTA")};
+                                             QLatin1String("LIKE"), QLatin1String("FECHA"), QLatin1String("FALTA"),
+                                             QLatin1String("(SELECT")};
     if (std::none_of(std::begin(triggers), std::end(triggers),
                      [&](QLatin1String word) { return tsql.contains(word, Qt::CaseInsensitive); }))
         return tsql;
@@ -571,7 +742,10 @@ QString SqliteDialect::adapt(const QString &tsql)
     rewriteConvert(tokens);
     rewriteTop(tokens);
     rewriteDates(tokens);
-    addLikeRanges(tokens);
+    const FixedCompany company = fixedCompany(tokens);
+    if (company.found())
+        uncorrelateCompany(tokens, company);
+    addLikeRanges(tokens, company);
     return join(tokens);
 }
 
@@ -599,13 +773,8 @@ bool SqliteDialect::like(const QString &text, const QString &pattern)
 
 QString SqliteDialect::floatToVarchar(double value)
 {
-    QString text = QString::asprintf("%.6g", value);
-    // The server writes exponents with three digits: 1.23457e+006.
-    static const QRegularExpression exponent(QStringLiteral(R"(e([+-])(\d+)$)"));
-    const auto m = exponent.match(text);
-    if (m.hasMatch())
-        text = text.left(m.capturedStart()) + u'e' + m.captured(1) + m.captured(2).rightJustified(3, u'0');
-    return text;
+    char text[40];
+    return QString::fromLatin1(text, floatText(value, text));
 }
 
 } // namespace Varnel_Controles

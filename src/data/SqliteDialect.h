@@ -4,8 +4,20 @@
 //
 // Rewrites: ISNULL → IFNULL; TOP n → LIMIT n (also in subqueries); CONVERT(VARCHAR, x) → the
 // server's number-to-text; a prefix LIKE on a column gains the equivalent range condition so
-// that it still seeks an index; dates written as dd/mm/yyyy (also with a leading blank) or by
-// FechaSQL become ISO dates where they meet a date column.
+// that it still seeks an index: a text range, or on the integer codes (columns Codigo and
+// Cod_Articulo, which the library only matches by pattern where they are integers) the ranges
+// of the numbers whose text starts with the prefix ("12%": 12, 120-129, 1200-1299 …); dates
+// written as dd/mm/yyyy (also with a leading blank) or by FechaSQL become ISO dates where they
+// meet a date column. When the top-level WHERE fixes a table's company ("WHERE a.Cod_Empresa =1"
+// with no OR beside it), a subquery's reference to that company ("aref.Cod_empresa=a.Cod_Empresa")
+// is written as the number, so the subquery runs once instead of once per row; an integer code
+// prefix of that table takes its codes from a subquery on the table alone ("a.Codigo IN (SELECT
+// Codigo FROM Articulos WHERE Cod_Empresa=1 AND (Codigo BETWEEN …))"), because SQLite seeks
+// OR-ed ranges only in a table that is not joined to others; and in a statement ordered by one
+// of that table's columns, a prefix of another column (not inside parentheses) takes the
+// ordering column from such a subquery ("a.Codigo IN (SELECT Codigo FROM Articulos WHERE
+// Cod_Empresa=1 AND Descripcion >= 'TOR' …)"), so that the sort reads the keys alone and the
+// joined tables only for the rows listed in order.
 // Registered: the collation MODERN_SPANISH_CI_AS (case-insensitive, accent-sensitive, Ñ after
 // N, trailing blanks ignored, punctuation before digits and letters, hyphens and apostrophes
 // only breaking ties) used by every text column, LIKE with SQL Server's wildcards under the

@@ -2,6 +2,7 @@
 
 #include "input/modTeclas.h"
 #include "platform/ComboField.h"
+#include "platform/Enums.h"
 #include "platform/KeyCodes.h"
 #include "platform/LegacyColor.h"
 
@@ -69,6 +70,7 @@ QSize kdCombo::sizeHint() const { return m_combo->sizeHint(); }
 
 void kdCombo::readLook(const PropertyBag &bag, bool withEnabled)
 {
+    bag.requireRange(QStringLiteral("Appearance"), Flat, ThreeD);
     m_combo->setBackColor(quint32(bag.ReadProperty(QStringLiteral("BackColor"), LegacyColor::WindowBackground).toLongLong()));
     m_combo->setForeColor(quint32(bag.ReadProperty(QStringLiteral("ForeColor"), LegacyColor::WindowText).toLongLong()));
     if (withEnabled)

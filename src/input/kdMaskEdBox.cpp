@@ -78,6 +78,8 @@ void kdMaskEdBox::selectOnFocus()
 
 void kdMaskEdBox::ReadProperties(const PropertyBag &bag)
 {
+    bag.requireRange(QStringLiteral("ClipMode"), 0, 1);
+    bag.requireRange(QStringLiteral("MaxLength"), 1, 64);
     const bool enabled = readLook(bag);
     txtTexto->setAllowPrompt(readBool(bag, "AllowPrompt", false));
     txtTexto->setAutoTab(readBool(bag, "AutoTab", false));

@@ -5,6 +5,8 @@
 #include "platform/Legacy.h"
 #include "platform/TextField.h"
 
+#include <limits>
+
 namespace Varnel_Controles {
 
 kdTextBox::kdTextBox(QWidget *parent)
@@ -84,6 +86,9 @@ void kdTextBox::selectOnFocus()
 
 void kdTextBox::ReadProperties(const PropertyBag &bag)
 {
+    bag.requireRange(QStringLiteral("Alignment"), LeftJustify, Center);
+    for (const char *key : {"MaxLength", "SelStart", "SelLength"})
+        bag.requireRange(QString::fromLatin1(key), 0, std::numeric_limits<qint32>::max());
     const bool enabled = readLook(bag);
     m_field->setAlignment(qint16(bag.ReadProperty(QStringLiteral("Alignment"), 0).toInt()));
     m_causesValidation = readBool(bag, "CausesValidation", true);

@@ -1,6 +1,7 @@
 #include "input/kdTextControl.h"
 
 #include "input/modTeclas.h"
+#include "platform/Enums.h"
 #include "platform/KeyCodes.h"
 #include "platform/LegacyColor.h"
 #include "platform/TextField.h"
@@ -100,6 +101,8 @@ QSize kdTextControl::sizeHint() const { return m_field->sizeHint(); }
 
 bool kdTextControl::readLook(const PropertyBag &bag)
 {
+    bag.requireRange(QStringLiteral("Appearance"), Flat, ThreeD);
+    bag.requireRange(QStringLiteral("BorderStyle"), None, FixedSingle);
     m_field->setBackColor(quint32(bag.ReadProperty(QStringLiteral("BackColor"), LegacyColor::WindowBackground).toLongLong()));
     m_field->setForeColor(quint32(bag.ReadProperty(QStringLiteral("ForeColor"), LegacyColor::WindowText).toLongLong()));
     const bool enabled = readBool(bag, "Enabled", true);

@@ -202,8 +202,9 @@ std::optional<QDate> CDate(const QString &text)
     if (m.hasCaptured(7) && !QTime(m.captured(7).toInt(), m.captured(8).toInt(), m.captured(9).toInt()).isValid())
         return std::nullopt;
     if (m.hasCaptured(1)) {
+        // Years before 100 are no dates, written either way round.
         const QDate date(m.captured(1).toInt(), m.captured(2).toInt(), m.captured(3).toInt());
-        return date.isValid() ? std::optional(date) : std::nullopt;
+        return date.isValid() && date.year() >= 100 ? std::optional(date) : std::nullopt;
     }
     const int day = m.captured(4).toInt();
     const int month = m.captured(5).toInt();

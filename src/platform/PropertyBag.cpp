@@ -2,6 +2,7 @@
 
 #include "platform/Legacy.h"
 
+#include <QHash>
 #include <QRegularExpression>
 #include <QStringList>
 #include <cmath>
@@ -86,6 +87,7 @@ struct Parser
 {
     QStringList lines;
     int pos = 0; // index of the next line
+    QHash<QString, int> keyLines; // the line of each key of the outermost block
 
     [[noreturn]] void fail(int lineNo, const QString &message) { throw PropertyBagError(lineNo, message); }
 
@@ -190,6 +192,8 @@ struct Parser
                         fail(subSizeLine > 0 ? subSizeLine : lineNo,
                              QStringLiteral("tamaño de letra fuera de rango: %1 (hasta %2 puntos)").arg(font.Size).arg(kMaxFontSize));
                     items.append({parts[1], QVariant::fromValue(font)});
+                    if (depth == 0)
+                        keyLines.insert(parts[1], lineNo);
                 }
                 continue; // other object blocks are not used by the controls
             }
@@ -204,6 +208,8 @@ struct Parser
             if (key == QLatin1String("Size"))
                 sizeLine = lineNo;
             items.append({key, parseValue(text.mid(eq + 1), lineNo)});
+            if (depth == 0)
+                keyLines.insert(key, lineNo);
         }
         if (!endWord.isEmpty())
             fail(openedAt, QStringLiteral("falta %1 para el bloque abierto en esta línea").arg(endWord));
@@ -253,6 +259,29 @@ void PropertyBag::WriteProperty(const QString &key, const QVariant &value, const
     }
     if (!sameValue(value, defaultValue))
         m_items.append({key, value});
+}
+
+int PropertyBag::lineOf(const QString &key) const
+{
+    return m_lines.value(key, 0);
+}
+
+void PropertyBag::requireRange(const QString &key, qint64 min, qint64 max) const
+{
+    if (!contains(key))
+        return;
+    const QVariant value = ReadProperty(key);
+    bool ok = isNumber(value) && !isFloating(value);
+    const qint64 number = value.typeId() == QMetaType::Bool ? (value.toBool() ? -1 : 0) : value.toLongLong();
+    if (isFloating(value)) {
+        const double d = value.toDouble();
+        ok = std::isfinite(d) && d == std::floor(d) && d >= double(min) && d <= double(max);
+    } else {
+        ok = ok && number >= min && number <= max;
+    }
+    if (!ok)
+        throw PropertyBagError(lineOf(key), QStringLiteral("%1 = %2 está fuera de su rango (de %3 a %4)")
+                                                .arg(key, value.toString(), QString::number(min), QString::number(max)));
 }
 
 bool PropertyBag::contains(const QString &key) const
@@ -325,6 +354,7 @@ PropertyBag PropertyBag::fromText(const QString &text)
     PropertyBag bag;
     int sizeLine = 0;
     bag.m_items = parser.parseBlock(endWord, first + 1, 0, sizeLine);
+    bag.m_lines = parser.keyLines;
     while (parser.pos < parser.lines.size()) {
         const QString rest = parser.lines[parser.pos++].trimmed();
         if (!rest.isEmpty())

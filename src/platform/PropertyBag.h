@@ -12,6 +12,7 @@
 
 #include "varnel_controles_export.h"
 
+#include <QHash>
 #include <QList>
 #include <QPair>
 #include <QString>
@@ -45,6 +46,12 @@ public:
     void WriteProperty(const QString &key, const QVariant &value, const QVariant &defaultValue);
 
     bool contains(const QString &key) const;
+    /// The line `key` was read from by fromText (0 for a key written by the program).
+    int lineOf(const QString &key) const;
+    /// Throws PropertyBagError naming the key's line unless its value is a whole number from
+    /// `min` to `max` (a missing key passes). Controls check their keys with it before loading
+    /// anything, so that a refused block changes nothing.
+    void requireRange(const QString &key, qint64 min, qint64 max) const;
     /// Keys in the order they were written or read from text.
     QStringList keys() const;
     bool isEmpty() const { return m_items.isEmpty(); }
@@ -62,6 +69,7 @@ public:
 
 private:
     QList<QPair<QString, QVariant>> m_items;
+    QHash<QString, int> m_lines;
 };
 
 } // namespace Varnel_Controles

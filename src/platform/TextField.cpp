@@ -341,10 +341,13 @@ void TextField::mouseDoubleClickEvent(QMouseEvent *event)
     Q_EMIT DblClick();
 }
 
+// A popup (the context menu, a completer) taking the focus and giving it back is no focus
+// change for the control: the clerk never left the field, and what was selected stays so.
 void TextField::focusInEvent(QFocusEvent *event)
 {
     QLineEdit::focusInEvent(event);
-    Q_EMIT GotFocus();
+    if (event->reason() != Qt::PopupFocusReason)
+        Q_EMIT GotFocus();
 }
 
 void TextField::focusOutEvent(QFocusEvent *event)
@@ -354,7 +357,8 @@ void TextField::focusOutEvent(QFocusEvent *event)
     m_leftWithinWindow = event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason
         && (!next || next->window() == window());
     QLineEdit::focusOutEvent(event);
-    Q_EMIT LostFocus();
+    if (event->reason() != Qt::PopupFocusReason)
+        Q_EMIT LostFocus();
 }
 
 } // namespace Varnel_Controles

@@ -61,7 +61,8 @@ Q_SIGNALS:
     void MouseUp(qint16 &Button, qint16 &Shift, float &X, float &Y);
     void Click();
     void DblClick();
-    /// Raised after Qt's own focus handling (which may have selected the text).
+    /// Raised after Qt's own focus handling (which may have selected the text); not when a popup
+    /// such as the context menu gives the focus back (nor LostFocus when it takes it).
     void GotFocus();
     void LostFocus();
     /// Any change of the text, typed or assigned.

@@ -65,6 +65,8 @@ QString UserControl::accessibleFieldName() const
         return accessibleName();
     const QList<QLabel *> labels = window()->findChildren<QLabel *>();
     for (const QLabel *label : labels) {
+        if (label == m_relationLabel)
+            continue;
         if (label->buddy() == this || (m_innerField && label->buddy() == m_innerField)) {
             const QString text = withoutAccessKey(label->text());
             if (!text.isEmpty())
@@ -76,8 +78,20 @@ QString UserControl::accessibleFieldName() const
 
 void UserControl::nameInnerField()
 {
-    if (m_innerField)
-        m_innerField->setAccessibleName(accessibleFieldName());
+    if (!m_innerField)
+        return;
+    const QString name = accessibleFieldName();
+    m_innerField->setAccessibleName(name);
+    // Screen readers on Linux name a combo box by its current entry and find what it is for
+    // through its label relation: a hidden label of the control, the inner field's buddy,
+    // carries the name (its "&" doubled, so that it makes no access key).
+    if (!m_relationLabel) {
+        m_relationLabel = new QLabel(this);
+        m_relationLabel->setObjectName(QStringLiteral("lblAccesible"));
+        m_relationLabel->hide();
+        m_relationLabel->setBuddy(m_innerField);
+    }
+    m_relationLabel->setText(QString(name).replace(u'&', QLatin1String("&&")));
 }
 
 bool UserControl::event(QEvent *event)

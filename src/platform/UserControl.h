@@ -10,6 +10,8 @@
 #include "PropertyBag.h"
 #include "StdFont.h"
 
+class QLabel;
+
 namespace Varnel_Controles {
 
 class VARNEL_CONTROLES_EXPORT UserControl : public QWidget
@@ -65,6 +67,7 @@ private:
 
     bool m_enabled = true;
     QWidget *m_innerField = nullptr;
+    QLabel *m_relationLabel = nullptr; // hidden: the inner field's label for assistive technology
 };
 
 } // namespace Varnel_Controles

@@ -41,6 +41,14 @@ int PagedRecordsetModel::fetch(int count)
     return added;
 }
 
+int PagedRecordsetModel::fetchAll()
+{
+    int added = 0;
+    while (!sourceAtEnd())
+        added += fetch(m_pageSize);
+    return added;
+}
+
 int PagedRecordsetModel::pageDown(int currentRow, const std::function<int()> &topRow)
 {
     if (currentRow != rowCount() - 2 || !m_source || !m_source->isOpen())
@@ -81,6 +89,23 @@ void PagedRecordsetModel::setColumnAlignment(int column, Qt::Alignment alignment
 {
     if (column >= 0 && column < m_alignment.size())
         m_alignment[column] = alignment;
+}
+
+void PagedRecordsetModel::setHeaders(const QStringList &headers)
+{
+    m_headers = headers;
+    Q_EMIT headerDataChanged(Qt::Horizontal, 0, m_columns - 1);
+}
+
+QVariant PagedRecordsetModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || section < 0 || section >= m_headers.size())
+        return QVariant();
+    if (role == Qt::DisplayRole)
+        return m_headers[section];
+    if (role == Qt::TextAlignmentRole)
+        return QVariant::fromValue(m_alignment.value(section));
+    return QVariant();
 }
 
 int PagedRecordsetModel::rowCount(const QModelIndex &parent) const

@@ -33,6 +33,8 @@ public:
     int fetch(int count);
     /// Adds rows until there are `rows` of them or the recordset ends; returns how many were added.
     int fetchUpTo(int rows) { return fetch(rows - rowCount()); }
+    /// Adds every row left in the recordset; returns how many were added.
+    int fetchAll();
     /// PageDown on `currentRow`: a page is added only when it is the second-to-last row.
     /// `topRow` is asked after each added row and kept as the last top row.
     int pageDown(int currentRow, const std::function<int()> &topRow);
@@ -45,10 +47,15 @@ public:
     void addItem(const QStringList &cells);
     QString cell(int row, int column) const;
     void setColumnAlignment(int column, Qt::Alignment alignment);
+    /// The texts of the grid's header row, one per column; none (the default) for a grid
+    /// without a header row.
+    void setHeaders(const QStringList &headers);
+    bool hasHeaders() const { return !m_headers.isEmpty(); }
 
     int rowCount(const QModelIndex &parent = {}) const override;
     int columnCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 private:
     int m_columns;
@@ -56,6 +63,7 @@ private:
     int m_lastTopRow = 0;
     QList<QStringList> m_rows;
     QList<Qt::Alignment> m_alignment;
+    QStringList m_headers;
     Recordset *m_source = nullptr;
     RowCells m_rowCells;
 };

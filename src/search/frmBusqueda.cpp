@@ -13,6 +13,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollBar>
@@ -49,51 +50,40 @@ private:
 
 } // namespace
 
-frmBusqueda::frmBusqueda(const QString &name, const QString &caption, const QString &label1,
-                         const QString &label2, int columns, int pageSize, QWidget *parent)
+frmBusqueda::frmBusqueda(const QString &name, const QString &caption, int columns, int pageSize, QWidget *parent)
     : QDialog(parent)
-    , lbl1(new QLabel(label1, this))
-    , lbl2(new QLabel(label2, this))
-    , txtNombre(new TextField(this))
-    , vsListado(new SearchGrid(this))
-    , cmdAceptar(new QPushButton(QStringLiteral("&Aceptar"), this))
-    , cmdCancelar(new QPushButton(QStringLiteral("&Cancelar"), this))
-    , m_filters(new QHBoxLayout)
+    , m_layout(new QVBoxLayout(this))
     , m_model(new PagedRecordsetModel(columns, pageSize, this))
     , m_recordset(std::make_unique<Recordset>())
 {
     setObjectName(name);
     setWindowTitle(caption);
     setModal(true);
-    lbl1->setObjectName(QStringLiteral("lbl1"));
-    lbl2->setObjectName(QStringLiteral("lbl2"));
-    txtNombre->setObjectName(QStringLiteral("txtNombre"));
-    txtNombre->setMaxLength(kFilterMaxLength);
-    txtNombre->setAccessibleName(QStringLiteral("Nombre"));
+    resize(560, 430);
+}
+
+// Created after the filters, so that the focus goes first to the filters, then the grid, then
+// the buttons.
+void frmBusqueda::addGrid()
+{
+    vsListado = new SearchGrid(this);
+    cmdAceptar = new QPushButton(QStringLiteral("&Aceptar"), this);
+    cmdCancelar = new QPushButton(QStringLiteral("&Cancelar"), this);
     vsListado->setAccessibleName(QStringLiteral("Resultados de la búsqueda"));
     vsListado->setObjectName(QStringLiteral("vsListado"));
     cmdAceptar->setObjectName(QStringLiteral("cmdAceptar"));
     cmdCancelar->setObjectName(QStringLiteral("cmdCancelar"));
-    lbl1->setBuddy(txtNombre);
-    lbl2->setBuddy(vsListado);
     cmdAceptar->setAutoDefault(false);
     cmdCancelar->setAutoDefault(false);
     vsListado->setModel(m_model);
 
-    auto *layout = new QVBoxLayout(this);
-    layout->addWidget(lbl1);
-    m_filters->addWidget(txtNombre);
-    layout->addLayout(m_filters);
-    layout->addWidget(lbl2);
-    layout->addWidget(vsListado, 1);
+    m_layout->addWidget(vsListado, 1);
     auto *buttons = new QHBoxLayout;
     buttons->addStretch();
     buttons->addWidget(cmdAceptar);
     buttons->addWidget(cmdCancelar);
-    layout->addLayout(buttons);
-    resize(560, 430);
+    m_layout->addLayout(buttons);
 
-    connectFilter(txtNombre);
     connect(cmdAceptar, &QPushButton::clicked, this, &frmBusqueda::onAceptar);
     connect(cmdCancelar, &QPushButton::clicked, this, &frmBusqueda::onCancelar);
     connect(vsListado, &SearchGrid::KeyDown, this, &frmBusqueda::onGridKeyDown);
@@ -101,19 +91,38 @@ frmBusqueda::frmBusqueda(const QString &name, const QString &caption, const QStr
     connect(vsListado->verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
         if (m_adding)
             return;
-        RedrawOff redraw(vsListado, m_adding);
-        m_model->scrolled(vsListado->TopRow());
-        fillView();
+        readMore([this] {
+            m_model->scrolled(vsListado->TopRow());
+            fillView();
+        });
     });
-    connect(vsListado, &SearchGrid::ViewResized, this, [this] {
-        RedrawOff redraw(vsListado, m_adding);
-        fillView();
-    });
+    connect(vsListado, &SearchGrid::ViewResized, this, [this] { readMore([this] { fillView(); }); });
 }
 
 frmBusqueda::~frmBusqueda() = default;
 
 int frmBusqueda::pageSize() const { return m_model->pageSize(); }
+
+TextField *frmBusqueda::addNameFilter(const QString &label1, const QString &label2)
+{
+    auto *lbl1 = new QLabel(label1, this);
+    auto *lbl2 = new QLabel(label2, this);
+    lbl1->setObjectName(QStringLiteral("lbl1"));
+    lbl2->setObjectName(QStringLiteral("lbl2"));
+    TextField *box = addFilter(QStringLiteral("txtNombre"), QStringLiteral("Nombre"));
+    lbl1->setBuddy(box);
+    m_filters = new QHBoxLayout;
+    m_filters->addWidget(box);
+    m_layout->addWidget(lbl1);
+    m_layout->addLayout(m_filters);
+    m_layout->addWidget(lbl2);
+    addGrid();
+    lbl2->setBuddy(vsListado);
+    m_firstFilter = box;
+    return box;
+}
+
+QWidget *frmBusqueda::firstFilter() const { return m_firstFilter; }
 
 TextField *frmBusqueda::addFilter(const QString &name, const QString &accessibleName)
 {
@@ -152,6 +161,12 @@ void frmBusqueda::paintFocus(TextField *box)
     connect(box, &TextField::LostFocus, box, [box] { box->setBackColor(LegacyColor::WindowBackground); });
 }
 
+void frmBusqueda::setHeaders(const QStringList &headers)
+{
+    m_model->setHeaders(headers);
+    vsListado->horizontalHeader()->setVisible(!headers.isEmpty());
+}
+
 void frmBusqueda::setColumn(int column, int widthTwips, Qt::Alignment alignment)
 {
     if (widthTwips > 0)
@@ -160,6 +175,24 @@ void frmBusqueda::setColumn(int column, int widthTwips, Qt::Alignment alignment)
 }
 
 QString frmBusqueda::cell(int row, int column) const { return m_model->cell(row, column); }
+
+// Rows read after the search (scrolling, PageDown, End) can fail, the database gone or its file
+// damaged: the clerk is told once, the rows read stay in the grid, and the list reads no further.
+void frmBusqueda::readMore(const std::function<void()> &read)
+{
+    try {
+        RedrawOff redraw(vsListado, m_adding);
+        read();
+    } catch (const DbError &e) {
+        m_model->setSource(nullptr, {});
+        try {
+            m_recordset->close();
+        } catch (const DbError &) {
+            // Already reported: the query failed.
+        }
+        reportError(e.Description(), objectName() + QStringLiteral("::Recuperar_Registros"));
+    }
+}
 
 // A page of rows beyond the visible ones while the recordset has more: the grid has a
 // scrollbar, and Down, PageDown, the wheel and the scrollbar always have rows to go to.
@@ -214,6 +247,12 @@ void frmBusqueda::clearResult()
     m_nombre.clear();
 }
 
+QString frmBusqueda::cellText(const Recordset &rs, const QString &column)
+{
+    const QVariant value = rs.field(column);
+    return value.isNull() ? QString() : value.toString();
+}
+
 QString frmBusqueda::withTradeName(const QString &name, const QVariant &tradeName)
 {
     if (tradeName.isNull() || tradeName.toString().isEmpty())
@@ -221,15 +260,29 @@ QString frmBusqueda::withTradeName(const QString &name, const QVariant &tradeNam
     return name + QStringLiteral(" / ") + tradeName.toString();
 }
 
-void frmBusqueda::onGridKeyDown(qint16 &keyCode, qint16 &)
+void frmBusqueda::onGridKeyDown(qint16 &keyCode, qint16 &shift)
 {
     if (keyCode == KeyCodes::vbKeyUp && vsListado->Row() == 0) {
-        txtNombre->setFocus();
+        if (QWidget *filter = firstFilter())
+            filter->setFocus();
         keyCode = 0;
     } else if (keyCode == KeyCodes::vbKeyPageDown) {
-        RedrawOff redraw(vsListado, m_adding);
-        m_model->pageDown(vsListado->Row(), [this] { return vsListado->TopRow(); });
+        readMore([this] { m_model->pageDown(vsListado->Row(), [this] { return vsListado->TopRow(); }); });
+    } else if (keyCode == KeyCodes::vbKeyEnd && m_readsToEnd) {
+        readToEnd(shift & KeyCodes::CtrlMask);
+        keyCode = 0;
     }
+}
+
+// End: the last row read (the view then reads a page beyond it); Ctrl+End: every row left.
+void frmBusqueda::readToEnd(bool everything)
+{
+    if (everything) {
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+        readMore([this] { m_model->fetchAll(); });
+        QApplication::restoreOverrideCursor();
+    }
+    vsListado->setRow(m_model->rowCount() - 1);
 }
 
 void frmBusqueda::onGridKeyPress(qint16 &keyAscii)
@@ -242,19 +295,25 @@ void frmBusqueda::onGridKeyPress(qint16 &keyAscii)
 
 void frmBusqueda::onAceptar()
 {
-    if (m_model->rowCount() == 0)
+    if (m_model->rowCount() == 0 || (m_storesResultFirst && vsListado->Row() < 0))
         return;
     const int row = qMax(0, vsListado->Row());
+    if (m_storesResultFirst)
+        takeRow(row);
     done(Accepted);
     QApplication::processEvents();
-    takeRow(row);
+    if (!m_storesResultFirst)
+        takeRow(row);
 }
 
 void frmBusqueda::onCancelar()
 {
+    if (m_storesResultFirst)
+        clearResult();
     done(Rejected);
     QApplication::processEvents();
-    clearResult();
+    if (!m_storesResultFirst)
+        clearResult();
 }
 
 void frmBusqueda::closeEvent(QCloseEvent *event)

@@ -14,8 +14,9 @@ namespace Varnel_Controles {
 
 frmBusqueda_Clientes::frmBusqueda_Clientes(QWidget *parent)
     : frmBusqueda(QStringLiteral("frmBusqueda_Clientes"), QStringLiteral("Búsqueda de Clientes"),
-                  QStringLiteral("1. &Escriba los primeros dígitos o letras que está buscando."),
-                  QStringLiteral("2. &Haga click en una entrada y después en \"Aceptar\"."), 3, 14, parent)
+                  3, 14, parent)
+    , txtNombre(addNameFilter(QStringLiteral("1. &Escriba los primeros dígitos o letras que está buscando."),
+                              QStringLiteral("2. &Haga click en una entrada y después en \"Aceptar\".")))
 {
     auto *label2 = new QLabel(QStringLiteral("Nombre:"), this);
     label2->setObjectName(QStringLiteral("Label2"));

@@ -33,6 +33,7 @@ protected:
     QStringList rowCells(const Recordset &recordset) const override;
 
 private:
+    TextField *txtNombre;
     TextField *txtNif;
     qint16 m_empresa = 0;
 };

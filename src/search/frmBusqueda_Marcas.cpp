@@ -9,8 +9,9 @@ namespace Varnel_Controles {
 
 frmBusqueda_Marcas::frmBusqueda_Marcas(QWidget *parent)
     : frmBusqueda(QStringLiteral("frmBusqueda_Marcas"), QStringLiteral("Búsqueda de Marcas"),
-                  QStringLiteral("1 &Escriba los primeros dígitos o letras que está buscando."),
-                  QStringLiteral("2 &Haga click en una entrada y después en \"Aceptar\"."), 2, 14, parent)
+                  2, 14, parent)
+    , txtNombre(addNameFilter(QStringLiteral("1 &Escriba los primeros dígitos o letras que está buscando."),
+                              QStringLiteral("2 &Haga click en una entrada y después en \"Aceptar\".")))
 {
     setColumn(0, 1000, Qt::AlignRight | Qt::AlignVCenter);
     setColumn(1, 0, Qt::AlignLeft | Qt::AlignVCenter);

@@ -31,6 +31,8 @@ protected:
     void searchFromFilters() override;
     QStringList rowCells(const Recordset &recordset) const override;
 
+private:
+    TextField *txtNombre;
 };
 
 } // namespace Varnel_Controles

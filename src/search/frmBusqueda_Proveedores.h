@@ -30,6 +30,7 @@ protected:
     QStringList rowCells(const Recordset &recordset) const override;
 
 private:
+    TextField *txtNombre;
     qint16 m_empresa = 0;
 };
 

@@ -110,6 +110,48 @@ private slots:
         QCOMPARE(db.scalar(u"SELECT COUNT(*) FROM Marcas WHERE Codigo = 99"_s).toInt(), 0);
     }
 
+    // A read left open (a search dialog's list, barcodes being browsed) does not hold back the
+    // writes of its own connection, also after another workstation wrote.
+    void aReadLeftOpenDoesNotHoldBackWrites()
+    {
+        TestDatabase db;
+        Recordset rs;
+        rs.open(u"SELECT Codigo FROM Proveedores WHERE Cod_Empresa = 1 ORDER BY Codigo"_s, db.conexion());
+        std::unique_ptr<Conexion> other(Conexion::open("sqlite:" + db.path()));
+        other->execute(u"UPDATE Marcas SET Nombre = 'OTRO PUESTO' WHERE Codigo = 1"_s);
+        db.conexion()->execute(u"UPDATE Marcas SET Nombre = 'ESTE PUESTO' WHERE Codigo = 2"_s);
+        QCOMPARE(db.rows(u"SELECT Nombre FROM Marcas WHERE Codigo IN (1, 2) ORDER BY Codigo"_s),
+                 (QStringList{u"OTRO PUESTO"_s, u"ESTE PUESTO"_s}));
+        rs.moveNext();
+        QCOMPARE(rs.text(u"Codigo"_s), u"2"_s);
+    }
+
+    // Only a company database is opened; another file is refused and left as it was.
+    void foreignFilesAreRefusedUntouched()
+    {
+        QTemporaryDir dir;
+        const QString empty = dir.filePath(u"vacio.db"_s), text = dir.filePath(u"texto.db"_s),
+                      other = dir.filePath(u"otra.db"_s);
+        QFile(empty).open(QIODevice::WriteOnly);
+        QFile t(text);
+        QVERIFY(t.open(QIODevice::WriteOnly) && t.write("Codigo;Nombre\n") > 0);
+        t.close();
+        {
+            OtherProgram program(other);
+            QVERIFY(program.exec(u"CREATE TABLE Notas (x)"_s));
+        }
+        for (const QString &path : {empty, text, other}) {
+            QFile file(path);
+            QVERIFY(file.open(QIODevice::ReadOnly));
+            const QByteArray before = file.readAll();
+            file.close();
+            QCOMPARE(dbErrorOf([&] { delete Conexion::open("sqlite:" + path); }),
+                     u"El fichero %1 no es una base de datos de la empresa."_s.arg(path));
+            QVERIFY(file.open(QIODevice::ReadOnly));
+            QCOMPARE(file.readAll(), before);
+        }
+    }
+
     void indexesBuiltUnderAnotherOrderAreRebuilt()
     {
         QTemporaryDir dir;
@@ -151,15 +193,25 @@ private slots:
     void readOnlyDatabaseReadsAndRefusesWrites_data()
     {
         QTest::addColumn<bool>("readOnlyFolder");
-        QTest::newRow("WAL database in a read-only folder") << true;
-        QTest::newRow("read-only file") << false;
+        QTest::addColumn<bool>("changesInTheLog");
+        QTest::newRow("WAL database in a read-only folder") << true << false;
+        QTest::newRow("read-only file") << false << false;
+        QTest::newRow("read-only folder, changes not yet in the file") << true << true;
     }
     void readOnlyDatabaseReadsAndRefusesWrites()
     {
         QFETCH(bool, readOnlyFolder);
+        QFETCH(bool, changesInTheLog);
         QTemporaryDir dir;
         const QString folder = dir.filePath(u"empresa"_s);
         const QString path = seededCopy(folder);
+        if (changesInTheLog) { // the files as a workstation left them while writing: the log holds a brand
+            const QString source = seededCopy(dir.filePath(u"origen"_s));
+            std::unique_ptr<Conexion> writer(Conexion::open("sqlite:" + source));
+            QVERIFY(QSqlQuery(writer->database()).exec(u"PRAGMA wal_autocheckpoint = 0"_s));
+            writer->execute(u"INSERT INTO Marcas (Codigo, Nombre) VALUES (99, 'NUEVA')"_s);
+            QVERIFY(QFile::remove(path) && QFile::copy(source, path) && QFile::copy(source + u"-wal"_s, path + u"-wal"_s));
+        }
         const auto readOnly = QFile::ReadOwner | QFile::ReadOther, search = QFile::ExeOwner | QFile::ExeOther;
         QVERIFY(QFile::setPermissions(dir.path(), readOnly | search | QFile::WriteOwner));
         QVERIFY(QFile::setPermissions(path, readOnlyFolder ? readOnly | QFile::WriteOwner : readOnly));
@@ -173,7 +225,14 @@ private slots:
         worker.start(QStringLiteral(KD_READONLY_WORKER), {path});
         QVERIFY(worker.waitForFinished(60000));
         QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        QCOMPARE(QString::fromUtf8(worker.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts),
+        const QStringList said = QString::fromUtf8(worker.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts);
+        if (changesInTheLog) {
+            QCOMPARE(said, QStringList{u"La base de datos %1 tiene cambios guardados que solo se pueden leer desde un "
+                                       "puesto con permiso de escritura en su carpeta. Ábrala primero en uno de esos "
+                                       "puestos."_s.arg(path)});
+            return;
+        }
+        QCOMPARE(said,
                  (QStringList{u"solo lectura: 1"_s, u"marcas: 6"_s,
                               u"La base de datos %1 está abierta solo para consultar (este puesto no puede escribir en "
                               "su carpeta): no se ha guardado el cambio."_s.arg(path),
@@ -264,6 +323,7 @@ private slots:
         QTest::newRow("empty path") << "sqlite:" << "falta la ruta";
         QTest::newRow("timeout not a number") << "mssql://sa:x@h/E?timeout=abc" << "timeout=abc; el tiempo de espera";
         QTest::newRow("timeout zero") << "mssql://sa:x@h/E?timeout=0" << "timeout=0;";
+        QTest::newRow("timeout holding a percent sign") << "mssql://sa:x@h/E?timeout=%2B5" << "de segundos entre 1 y 300.";
         QTest::newRow("timeout beyond 32 bits") << "mssql://sa:x@h/E?timeout=99999999999" << "timeout=99999999999;";
         QTest::newRow("unknown protocol version") << "mssql://sa:x@h/E?tds=abc" << "tds=abc;";
         QTest::newRow("nothing listens") << "mssql://sa:x@" + nobody + "/E?timeout=3"

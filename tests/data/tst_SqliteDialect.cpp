@@ -56,6 +56,14 @@ private slots:
             "WHERE ((Nombre >= 'AB' AND Nombre < 'AB" + max + "' AND Nombre like 'AB%'))");
         row("qualified column", "AND a.Ref LIKE 'X_1'",
             "AND (a.Ref >= 'X' AND a.Ref < 'X" + max + "' AND a.Ref LIKE 'X_1')");
+        row("integer code prefix: the numbers it starts, from the table of the fixed company",
+            "FROM Articulos a WHERE a.Cod_Empresa =1 AND a.Codigo LIKE '12345678901234567%'",
+            "FROM Articulos a WHERE a.Cod_Empresa =1 AND (a.Codigo IN (SELECT Codigo FROM Articulos WHERE Cod_Empresa=1 AND "
+            "(Codigo BETWEEN 12345678901234567 AND 12345678901234567 OR Codigo BETWEEN 123456789012345670 AND "
+            "123456789012345679)) AND a.Codigo LIKE '12345678901234567%')");
+        row("company not fixed beside an OR",
+            "WHERE a.Cod_Empresa =1 OR a.Codigo IN (SELECT Cod_Articulo FROM R r WHERE r.Cod_Empresa=a.Cod_Empresa)",
+            "WHERE a.Cod_Empresa =1 OR a.Codigo IN (SELECT Cod_Articulo FROM R r WHERE r.Cod_Empresa=a.Cod_Empresa)");
         row("contains like unchanged", "WHERE Nombre like '%AB%'", "WHERE Nombre like '%AB%'");
         row("words in literals untouched", "SELECT 'TOP 1 ISNULL(' AS X", "SELECT 'TOP 1 ISNULL(' AS X");
         row("short date", "AND Fecha_Inicial <=' 21/11/2026'", "AND Fecha_Inicial <='2026-11-21'");

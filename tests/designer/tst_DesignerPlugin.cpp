@@ -38,7 +38,8 @@ private Q_SLOTS:
         }
         QCOMPARE(names, (QStringList{"Varnel_Controles::kdTextBox", "Varnel_Controles::kdMaskEdBox",
                                      "Varnel_Controles::kdImpresoras", "Varnel_Controles::kdDispositivo",
-                                     "Varnel_Controles::kdProveedor", "Varnel_Controles::kdCliente"}));
+                                     "Varnel_Controles::kdProveedor", "Varnel_Controles::kdCliente",
+                                     "Varnel_Controles::kdFamilia"}));
     }
 };
 

@@ -323,6 +323,29 @@ private slots:
         QVERIFY(box.AceptDecimals());
         QVERIFY(box.SelectionOnFocus());
     }
+
+    // A value outside what the property takes names its line, and nothing of the block loads.
+    void valuesOutsideTheirRangeAreRefused_data()
+    {
+        QTest::addColumn<QString>("line");
+        QTest::newRow("alignment") << "Alignment = 7";
+        QTest::newRow("border style beyond 16 bits") << "BorderStyle = 70000";
+        QTest::newRow("appearance") << "Appearance = 9";
+        QTest::newRow("negative length") << "MaxLength = -3";
+    }
+    void valuesOutsideTheirRangeAreRefused()
+    {
+        QFETCH(QString, line);
+        kdTextBox box;
+        box.setText(QStringLiteral("SIN CAMBIOS"));
+        try {
+            box.ReadProperties(PropertyBag::fromText(QStringLiteral("Text = \"OTRO\"\n") + line + u'\n'));
+            QFAIL("the block was accepted");
+        } catch (const PropertyBagError &e) {
+            QCOMPARE(e.line(), 2);
+        }
+        QCOMPARE(box.Text(), QStringLiteral("SIN CAMBIOS"));
+    }
 };
 
 QTEST_MAIN(tst_kdTextBox)

@@ -1,12 +1,14 @@
 // The lookups that share one base run through the same cases: each variant's texts,
 // statements and search dialog are table data. What only one of them has comes last.
 #include "lookup/kdCliente.h"
+#include "lookup/kdFamilia.h"
 #include "lookup/kdProveedor.h"
 #include "platform/TextField.h"
 #include "support/ScriptedUi.h"
 #include "support/TestDatabase.h"
 #include "support/Widgets.h"
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -90,9 +92,27 @@ void chooseFirstRow(QDialog &dialog, const QString &filter)
 
 void cancel(QDialog &dialog) { dialog.findChild<QPushButton *>(QStringLiteral("cmdCancelar"))->click(); }
 
+// The family picker: levels preset ("6,62"), keys typed from level 1 (digits, ⏎ Enter, ↑ Up,
+// § F3 choosing the first family listed), then the boxes and labels, the lookups run after the
+// presets, how many Enters reached the host and where the focus is (1-3 a level, "after",
+// "before").
+struct Picker
+{
+    QString presets, keys, shown; // presets and keys typed; the boxes and labels after
+    QStringList lookups;
+    int enters; QString focus;
+};
+
+QString family(int nivel, int padre, int codigo)
+{
+    return QStringLiteral("SELECT Descripcion FROM Familias WHERE Cod_Empresa =1 AND Nivel =%1 AND Cod_Padre =%2 AND "
+                          "Codigo = %3").arg(nivel).arg(padre).arg(codigo);
+}
+
 } // namespace
 
 Q_DECLARE_METATYPE(Clerk)
+Q_DECLARE_METATYPE(Picker)
 
 class tst_kdLookup : public QObject
 {
@@ -184,6 +204,66 @@ private slots:
         QCOMPARE(QString::number(h.ui.messages.value(0).style) + h.ui.messages.value(0).title,
                  (c.message.isEmpty() ? "0" : "16") + c.message);
     }
+
+    // The family picker: Enter through the levels, the levels below emptied and unavailable under
+    // an empty one, unknown codes, Up, F3; and the titles.
+    void whatTheClerkDoesInTheFamilyPicker_data()
+    {
+        QTest::addColumn<Picker>("p");
+        QTest::newRow("three levels, Enter through to the host")
+            << Picker{"", "6⏎62⏎621⏎", "6|REGALO|62|DECORACIÓN|621|FIGURAS",
+                      {family(1, 0, 6), family(2, 6, 62), family(3, 62, 621)}, 1, "after"};
+        QTest::newRow("empty level 1 leaves the picker") << Picker{"", "⏎", "|||||", {}, 1, "after"};
+        QTest::newRow("Up goes back a level, then on; 0 left empty")
+            << Picker{"6", "⏎0↑↑", "6|REGALO||||", {family(1, 0, 6)}, 0, "before"};
+        QTest::newRow("unknown under its parent: emptied, the focus stays")
+            << Picker{"", "3⏎62⏎", "3|FERRETERÍA||FAMILIA INEXISTENTE||", {family(1, 0, 3), family(2, 3, 62)}, 0, "2"};
+        QTest::newRow("another family on level 1 empties the levels below")
+            << Picker{"6,62,621", "1⏎", "1|TEXTIL||||", {family(1, 0, 1)}, 0, "2"};
+        QTest::newRow("F3 lists the level's families under its parent")
+            << Picker{"6", "⏎§", "6|REGALO|62|DECORACIÓN||",
+                      {family(1, 0, 6), "SELECT Codigo, Descripcion FROM Familias WHERE Cod_Empresa =1 AND Nivel =2 AND Cod_Padre =6 AND "
+                       "Descripcion LIKE '%' ORDER BY Descripcion"}, 0, "2"};
+    }
+    void whatTheClerkDoesInTheFamilyPicker()
+    {
+        QFETCH(Picker, p);
+        Testing::TestDatabase db;
+        Testing::ScriptedUi ui;
+        QWidget window;
+        auto *before = new QLineEdit, *after = new QLineEdit;
+        auto *picker = new kdFamilia;
+        Testing::stack(window, {before, picker, after});
+        picker->setCEmpresa(db.empresa(1));
+        int enters = 0;
+        connect(picker, &kdFamilia::KeyPress, picker, [&](qint16 &k) { enters += k == 13; });
+        for (int n = 0; const QString &code : p.presets.split(u',', Qt::SkipEmptyParts))
+            picker->setFamilia(++n, qint16(code.toInt()));
+        db.statements.clear();
+        QVERIFY(Testing::showActive(window));
+        picker->setFocus();
+        ui.onModal([](QDialog &d) { QTest::keyClick(d.findChild<QWidget *>("vsListado"), Qt::Key_Return); });
+        for (QChar c : p.keys) {
+            const int key = c == u'⏎' ? Qt::Key_Return : c == u'↑' ? Qt::Key_Up : c == u'§' ? Qt::Key_F3 : 0;
+            key ? QTest::keyClick(QApplication::focusWidget(), Qt::Key(key)) : QTest::keyClicks(QApplication::focusWidget(), c);
+            Testing::settle();
+        }
+        QStringList shown;
+        for (int n = 1; n <= 3; ++n)
+            shown << picker->findChild<QLineEdit *>(QStringLiteral("txtFamilia%1").arg(n))->text()
+                  << picker->findChild<QLabel *>(QStringLiteral("lblFamilia%1").arg(n))->text();
+        QCOMPARE(shown.join(u'|'), p.shown);
+        QCOMPARE(db.statements, p.lookups);
+        QCOMPARE(enters, p.enters);
+        const QWidget *focus = QApplication::focusWidget();
+        QCOMPARE(focus == after ? "after" : focus == before ? "before" : focus->objectName().right(1), p.focus);
+        QCOMPARE(picker->findChild<QWidget *>("txtFamilia2")->isEnabled(), picker->Familia_1() != 0); // only under a chosen one
+        db.statements.clear(); // the company's titles, "Grupo" for the level it gives none
+        QVERIFY(picker->Cargar());
+        QCOMPARE(db.statements.value(0), "SELECT Nivel, Titulo FROM Familias_Titulos WHERE Cod_Empresa =1 ORDER BY Nivel");
+        QCOMPARE(picker->Titulo(1) + picker->Titulo(2) + picker->Titulo(3), "SecciónFamiliaGrupo");
+    }
+
 };
 
 QTEST_MAIN(tst_kdLookup)

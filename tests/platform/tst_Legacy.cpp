@@ -99,6 +99,7 @@ private slots:
         QTest::newRow("dashes") << "5-6-2020" << "05/06/2020";
         QTest::newRow("day and month") << "3/4" << "03/04/" + year;
         QTest::newRow("year first with a time") << "2026-11-01T10:30" << "01/11/2026";
+        QTest::newRow("year before 100, year first") << "0001/2/3" << "";
         QTest::newRow("no such time") << "01/11/2026 25:00" << "";
         QTest::newRow("no such day") << "31/02/2008" << "";
         QTest::newRow("month 13") << "1/13/2008" << "";

@@ -1,12 +1,15 @@
 // The search dialogs that share one base run through the same cases: each dialog's texts,
 // statements and results are table data. What only the customer dialog does is in
-// tst_frmBusqueda_Clientes.
+// tst_frmBusqueda_Clientes; the article searches, in tst_frmBusqueda_Articulos.
 #include "platform/LegacyColor.h"
 #include "platform/TextField.h"
 #include "search/SearchGrid.h"
 #include "search/frmBusqueda_Clientes.h"
+#include "search/frmBusqueda_Familias.h"
 #include "search/frmBusqueda_Marcas.h"
 #include "search/frmBusqueda_Proveedores.h"
+#include "data/DbError.h"
+#include "support/ScriptedUi.h"
 #include "support/TestDatabase.h"
 #include "support/Widgets.h"
 
@@ -28,6 +31,7 @@ struct Variant
     std::function<frmBusqueda *(qint16 empresa)> make;
     std::function<void(frmBusqueda *, const QString &, const QString &nif)> search; // Recuperar_Registros
     std::function<QString(frmBusqueda *)> chosen;                                    // "code|name" of the result
+    bool manyInDemo = true; // the demo company has more matches than the dialog shows
 };
 
 template <typename D>
@@ -53,16 +57,21 @@ const QList<Variant> kVariants{
      [](qint16 empresa) -> frmBusqueda * { auto *d = new frmBusqueda_Clientes; d->setEmpresa(empresa); return d; },
      [](frmBusqueda *d, auto &t, auto &nif) { static_cast<frmBusqueda_Clientes *>(d)->Recuperar_Registros(t, nif); },
      [](frmBusqueda *d) { return chosen(d, &frmBusqueda_Clientes::Nombre_Cliente); }},
+    {"families", {"Búsqueda de Familias", kLabel1, kLabel2}, 1, true,
+     [](qint16 empresa) -> frmBusqueda * { auto *d = new frmBusqueda_Familias; d->setEmpresa(empresa); return d; },
+     [](frmBusqueda *d, auto &t, auto &) { static_cast<frmBusqueda_Familias *>(d)->Recuperar_Registros(t); },
+     [](frmBusqueda *d) { return chosen(d, &frmBusqueda_Familias::Descripcion); }, false},
 };
 
-// A row for each variant, times each way given.
-void variantRows(const QStringList &ways = {QString()})
+// A row for each variant (only those with many matches in the demo when asked), times each way given.
+void variantRows(const QStringList &ways = {QString()}, bool manyInDemo = false)
 {
     QTest::addColumn<int>("variant");
     QTest::addColumn<QString>("how");
     for (int v = 0; v < kVariants.size(); ++v)
         for (const QString &how : ways)
-            QTest::addRow("%s%s", kVariants[v].name, qPrintable(how.isEmpty() ? how : ", " + how)) << v << how;
+            if (!manyInDemo || kVariants[v].manyInDemo)
+                QTest::addRow("%s%s", kVariants[v].name, qPrintable(how.isEmpty() ? how : ", " + how)) << v << how;
 }
 
 // A dialog of the current row's variant, for company 1, on the seeded database.
@@ -143,6 +152,9 @@ private slots:
                       {"1002|OFICINA PEÑA|", "1002|PEÑA RUIZ, ANA|12345678Z"}};
         QTest::newRow("customers, NIF is exact")
             << Search{2, 1, "", "12345678", customers.arg("1", "%", nif.arg("12345678")), {}};
+        QTest::newRow("families of level 1")
+            << Search{3, 1, "AB", "", "SELECT Codigo, Descripcion FROM Familias WHERE Cod_Empresa =1 AND Nivel =1 AND "
+                                      "Cod_Padre =0 AND Descripcion LIKE 'AB%' ORDER BY Descripcion", {"7|ABONOS", "8|ABRASIVOS"}};
         QTest::newRow("customers, a TAB stays in its cell")
             << Search{2, 1, "ZZ", "", customers.arg("1", "ZZ%", ""), {"1003|ZZ\tZ|"},
                       "UPDATE Clientes SET Nombre = 'ZZ' || char(9) || 'Z' WHERE Codigo = 1003"};
@@ -214,7 +226,7 @@ private slots:
 
     // At the size the dialog opens with, on the demo company, every match is reached by each
     // way a clerk moves down a list, and a scrollbar shows that more rows exist.
-    void everyMatchIsReachedAtTheDialogsOwnSize_data() { variantRows({"Down", "PageDown", "wheel", "scrollbar"}); }
+    void everyMatchIsReachedAtTheDialogsOwnSize_data() { variantRows({"Down", "PageDown", "wheel", "scrollbar"}, true); }
     void everyMatchIsReachedAtTheDialogsOwnSize()
     {
         Dialog t;
@@ -249,6 +261,39 @@ private slots:
             QCOMPARE(g->Row(), matches - 1);
         QCOMPARE(g->rowAt(g->viewport()->height() - 1), matches - 1); // the last row is shown
         QCOMPARE(g->Rows(), matches);
+    }
+
+    // A row that cannot be read while the clerk pages on (the file damaged, the share gone) is
+    // told once; the rows read stay and the dialog still accepts.
+    void aFailedReadWhilePagingIsToldOnce()
+    {
+        struct Damaged : frmBusqueda_Proveedores
+        {
+            mutable int read = 0;
+            QStringList rowCells(const Recordset &rs) const override
+            {
+                if (++read > 40)
+                    throw DbError(DbError::ProviderError, QStringLiteral("Error de la base de datos: disco dañado"));
+                return frmBusqueda_Proveedores::rowCells(rs);
+            }
+        };
+        if (!m_demo)
+            m_demo = std::make_unique<Testing::TestDatabase>(10);
+        Conexion::resetShared();
+        Conexion::setShared(m_demo->conexion());
+        Testing::ScriptedUi ui;
+        Damaged d;
+        d.setEmpresa(1);
+        QVERIFY(Testing::showActive(d));
+        d.Recuperar_Registros(QString());
+        auto *grid = d.findChild<SearchGrid *>(QStringLiteral("vsListado"));
+        for (int i = 0; i < 60; ++i)
+            QTest::keyClick(grid, Qt::Key_Down);
+        QCOMPARE(ui.messages.size(), 1);
+        QCOMPARE(ui.messages[0].title, QStringLiteral("frmBusqueda_Proveedores::Recuperar_Registros"));
+        QCOMPARE(grid->Rows(), 40);
+        QTest::keyClick(grid, Qt::Key_Return);
+        QVERIFY(d.Codigo() != 0);
     }
 };
 

@@ -45,6 +45,8 @@ INSERT INTO Articulos (Cod_Empresa, Codigo, Descripcion, Familia_1, Familia_2, F
  (1, 5, 'ÁGUILA DE BRONCE', 6, 62, 621, 1, NULL, '2025-05-14'),
  (1, 6, 'aguja de coser', 6, 62, 622, 1, NULL, '2025-06-15'),
  (1, 4711, 'COLONIA FRESCA 100 ML', 4, 41, 411, 2, NULL, '2025-07-16'),
+ (1, 7, 'ABANICO DE PAPEL', 6, 62, 621, 1, NULL, NULL),
+ (1, 8, 'ABETO DE NAVIDAD', 6, 62, 622, 4, NULL, NULL),
  (2, 1, 'ABRIGO DE PAÑO', 1, 11, 111, 1, NULL, '2025-08-17');
 
 INSERT INTO Articulos_Ref (Cod_Empresa, Cod_Articulo, Cod_Prov, Ref, Principal) VALUES
@@ -63,9 +65,19 @@ INSERT INTO Almacen_Articulos (Cod_Empresa, Cod_Almacen, Cod_Articulo, Stock_Act
  (1, 1, 1, 150, 20, 5), (1, 1, 2, 3, 3, 0), (1, 1, 4711, 12.5, 0, 0);
 
 INSERT INTO Tarifas (Cod_Empresa, Cod_Tarifa, Nombre, Decimales) VALUES (1, 1, 'GENERAL', 2), (1, 3, 'PROMOCIÓN', 2);
-INSERT INTO Almacen_Tarifas (Cod_Empresa, Cod_Almacen, Cod_Tarifa) VALUES (1, 1, 1), (1, 1, 3);
+INSERT INTO Almacen_Tarifas (Cod_Empresa, Cod_Almacen, Cod_Tarifa) VALUES (1, 1, 1), (1, 1, 3), (1, 2, 1);
 INSERT INTO Articulos_Tarifas (Cod_Empresa, Cod_Articulo, Cod_Tarifa, Pvp) VALUES
  (1, 1, 1, 0.35), (1, 2, 1, 12.5), (1, 2, 3, 9.95), (1, 4711, 1, 1234567);
 
 INSERT INTO Clientes_Art_PVP (Cod_Empresa, Cod_Cliente, Cod_Articulo, Fecha_Inicial, Fecha_Final, Pvp) VALUES
  (1, 1001, 2, '2026-01-01', '2026-12-31', 11.0), (1, 1001, 1, '2025-01-01', '2025-12-31', 0.30);
+
+-- The families of the articles above (company 1 titles its first two levels only).
+INSERT INTO Familias (Cod_Empresa, Nivel, Codigo, Cod_Padre, Descripcion) VALUES
+ (1, 1, 1, 0, 'TEXTIL'), (1, 1, 3, 0, 'FERRETERÍA'), (1, 1, 4, 0, 'DROGUERÍA'), (1, 1, 6, 0, 'REGALO'),
+ (1, 1, 7, 0, 'ABONOS'), (1, 1, 8, 0, 'ABRASIVOS'),
+ (1, 2, 11, 1, 'CAMISERÍA'), (1, 2, 31, 3, 'TORNILLERÍA'), (1, 2, 41, 4, 'PERFUMERÍA'), (1, 2, 61, 6, 'JUGUETES'),
+ (1, 2, 62, 6, 'DECORACIÓN'), (1, 3, 111, 11, 'CAMISETAS'), (1, 3, 112, 11, 'CAMISAS'), (1, 3, 311, 31, 'HEXAGONAL'),
+ (1, 3, 411, 41, 'COLONIAS'), (1, 3, 611, 61, 'PELUCHES'), (1, 3, 621, 62, 'FIGURAS'), (1, 3, 622, 62, 'COSTURA'),
+ (2, 1, 1, 0, 'CONFECCIÓN'), (2, 2, 11, 1, 'ABRIGOS'), (2, 3, 111, 11, 'PAÑO');
+INSERT INTO Familias_Titulos (Cod_Empresa, Nivel, Titulo) VALUES (1, 1, 'Sección'), (1, 2, 'Familia'), (2, 1, 'Línea');

@@ -1,0 +1,57 @@
+// Second article search: the same filters as the first (the description never searches the
+// long description), listed by code with each article's principal supplier reference, its
+// prices in the first three tariffs of the dialog's warehouse ("Tarifa " and the tariff's code;
+// a slot the warehouse does not fill is tariff 0 and shows 0) and its stock there ("Stock Alm "
+// and the warehouse), numbers as the server writes them ("12,5"). The warehouse's tariffs are
+// read once, as the dialog opens. Rows are read as the grid needs them: a screenful and a page
+// beyond, more as the clerk scrolls or pages; End goes to the last row read and Ctrl+End reads
+// to the end.
+#pragma once
+
+#include "varnel_controles_export.h"
+
+#include "frmBusqueda_Articulos.h"
+
+#include <array>
+
+namespace Varnel_Controles {
+
+class VARNEL_CONTROLES_EXPORT frmBusqueda_Articulos_2 : public frmBusqueda_Articulos
+{
+    Q_OBJECT
+
+public:
+    struct Tarifa
+    {
+        qint16 codigo = 0;
+        qint16 decimales = 0;
+    };
+
+    explicit frmBusqueda_Articulos_2(QWidget *parent = nullptr);
+
+    /// A printable account of the filters: "Desc: " the description, "Prov: " the supplier's code
+    /// and name, "Ref: " the reference, those not empty, joined by "  ". Empty without filters.
+    Q_INVOKABLE QString DevCriterio() const;
+    /// The statement of the last search (empty before the first).
+    QString UltimaInstruccion() const { return m_ultimaInstruccion; }
+    /// The warehouse's first three tariffs in ascending code, as read when the dialog opened.
+    std::array<Tarifa, 3> Tarifas() const { return m_tarifas; }
+
+    /// The search statement for the company, warehouse, tariff codes and conditions.
+    static QString statement(qint16 empresa, qint16 almacen, const std::array<qint16, 3> &tarifas,
+                             const QString &condiciones);
+    /// "SELECT a.Cod_Tarifa,b.Decimales FROM Almacen_Tarifas a  INNER JOIN Tarifas b … ORDER BY a.Cod_Tarifa".
+    static QString tariffsStatement(qint16 empresa, qint16 almacen);
+
+protected:
+    QString statement(qint16 empresa, const FiltroArticulos &filtro) override;
+    QStringList rowCells(const Recordset &recordset) const override;
+    void load(qint16 empresa) override;
+    void searched() override;
+
+private:
+    std::array<Tarifa, 3> m_tarifas{};
+    QString m_ultimaInstruccion;
+};
+
+} // namespace Varnel_Controles
