@@ -78,11 +78,11 @@ void frmBusqueda::addGrid()
     vsListado->setModel(m_model);
 
     m_layout->addWidget(vsListado, 1);
-    auto *buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(cmdAceptar);
-    buttons->addWidget(cmdCancelar);
-    m_layout->addLayout(buttons);
+    m_buttons = new QHBoxLayout;
+    m_buttons->addStretch();
+    m_buttons->addWidget(cmdAceptar);
+    m_buttons->addWidget(cmdCancelar);
+    m_layout->addLayout(m_buttons);
 
     connect(cmdAceptar, &QPushButton::clicked, this, &frmBusqueda::onAceptar);
     connect(cmdCancelar, &QPushButton::clicked, this, &frmBusqueda::onCancelar);

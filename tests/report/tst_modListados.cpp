@@ -4,11 +4,13 @@
 #include "input/kdImpresoras.h"
 #include "report/ReportLayout.h"
 #include "report/modListados.h"
+#include "search/frmBusqueda_Articulos_2.h"
 #include "support/PrivateCups.h"
 #include "support/ScriptedUi.h"
 #include "support/TestDatabase.h"
 #include "support/Widgets.h"
 
+#include <QAbstractItemView>
 #include <QPdfWriter>
 #include <QProcess>
 #include <QRegularExpression>
@@ -58,29 +60,39 @@ private Q_SLOTS:
         QVERIFY2(cups.start({QStringLiteral("COLA_OFICINA")}, QStringLiteral("COLA_OFICINA")), qPrintable(cups.error()));
     }
 
-    // Title, criteria and headings on every page, "n de m", every row in the grid's order.
+    // The second article search prints its list: title, criteria and headings on every page,
+    // "n de m", every row of the grid in the grid's order, from the search's own statement.
     void articleListPdfHoldsEveryRowInOrder()
     {
         Testing::TestDatabase db(200);
-        const QString sql = QStringLiteral("SELECT a.Codigo, a.Descripcion FROM Articulos a WHERE a.Cod_Empresa =1 ORDER BY a.Codigo");
-        clsListado l = lista(0);
-        l.setCriterio(QStringLiteral("Desc: * Prov: Ref:"));
-        l.setConsulta(sql, {QStringLiteral("Codigo"), QStringLiteral("Descripcion")});
+        Testing::ScriptedUi ui;
+        frmBusqueda_Articulos_2 dialog;
         const QString path = tmp.filePath(QStringLiteral("articulos.pdf"));
+        QVERIFY(!dialog.Imprimir(kdFichero, QString(), path)); // nothing searched yet: told, nothing written
+        QCOMPARE(ui.messages.size(), 1);
+        QVERIFY(!QFile::exists(path));
+        dialog.setCEmpresa(db.empresa());
+        dialog.setBusqueda_Descripcion(QStringLiteral("*"));
+        dialog.Recuperar_Registros();
+        QTest::keyClick(dialog.findChild<QWidget *>(QStringLiteral("vsListado")), Qt::Key_End, Qt::ControlModifier);
+        const QStringList grid = Testing::TestDatabase::rows(*dialog.findChild<QAbstractItemView *>(QStringLiteral("vsListado"))->model());
+        QCOMPARE(grid.size(), 200);
         db.statements.clear();
-        QVERIFY(modListados::Imprimir(l, kdFichero, QString(), path));
-        QCOMPARE(db.statements, QStringList({sql, sql})); // counted, then painted
+        QVERIFY(dialog.Imprimir(kdFichero, QString(), path));
+        QCOMPARE(db.statements, QStringList({dialog.UltimaInstruccion(), dialog.UltimaInstruccion()})); // counted, then painted
         const QStringList pages = pdfText(path).split(QLatin1Char('\f'), Qt::SkipEmptyParts);
+        QVERIFY(pages.size() > 1);
         for (int i = 0; i < pages.size(); ++i)
-            for (const QString &text : {l.Titulo(), l.Criterio(), QStringLiteral("Código"), QStringLiteral("Descripción"),
+            for (const QString &text : {QStringLiteral("Búsqueda de Artículos"), QStringLiteral("Desc: *"), QStringLiteral("Código"),
+                                        QStringLiteral("Ref. Princip."), QStringLiteral("Tarifa 1"),
                                         QStringLiteral("Página %1 de %2").arg(i + 1).arg(pages.size())})
                 QVERIFY2(pages[i].contains(text), qPrintable(QStringLiteral("página %1: %2").arg(i + 1).arg(text)));
         const QString raw = squeezed(pdfText(path, "-raw"));
         qsizetype at = 0;
-        const QStringList rows = db.rows(QStringLiteral("SELECT Codigo, Descripcion FROM Articulos WHERE Cod_Empresa = 1 ORDER BY Codigo"));
-        QCOMPARE(rows.size(), 200);
-        for (const QString &row : rows) // in order: each after the one before
-            QVERIFY2((at = raw.indexOf(squeezed(row).remove(QLatin1Char('|')), at)) >= 0, qPrintable(row));
+        for (const QString &row : grid) { // in order: each code and description after the one before
+            const QStringList cells = row.split(QLatin1Char('|'));
+            QVERIFY2((at = raw.indexOf(squeezed(cells[0] + cells[1]), at)) >= 0, qPrintable(row));
+        }
     }
 
     // Any text prints whole, wrapped inside its column; the next column's text stays intact.
