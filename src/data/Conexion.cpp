@@ -119,7 +119,10 @@ Conexion::Conexion(Dialect dialect, const QString &connectionName, QObject *pare
 
 Conexion::~Conexion()
 {
-    for (const QString &name : {m_name + QStringLiteral("_lectura"), m_name}) {
+    QStringList names{m_name};
+    for (const Reader &reader : std::as_const(m_readers))
+        names.prepend(reader.name);
+    for (const QString &name : std::as_const(names)) {
         {
             QSqlDatabase db = QSqlDatabase::database(name, false);
             if (db.isOpen())
@@ -139,30 +142,48 @@ QSqlDatabase Conexion::readDatabase()
 {
     if (m_dialect != Sqlite || m_depth > 0 || m_path == QLatin1String(":memory:"))
         return database();
-    if (!m_readerHandle)
-        openReader();
-    return QSqlDatabase::database(m_name + QStringLiteral("_lectura"), false);
+    // A connection whose statements are all finished or reset holds no snapshot: a read on it
+    // starts from the data as they are now.
+    const auto held = [](sqlite3 *handle) {
+        for (sqlite3_stmt *s = sqlite3_next_stmt(handle, nullptr); s; s = sqlite3_next_stmt(handle, s))
+            if (sqlite3_stmt_busy(s))
+                return true;
+        return false;
+    };
+    for (const Reader &reader : std::as_const(m_readers))
+        if (!held(reader.handle))
+            return QSqlDatabase::database(reader.name, false);
+    return QSqlDatabase::database(openReader(), false);
 }
 
-// The second connection of an SQLite file, for reads outside transactions: opened as the first
-// one was, and refusing to write.
-void Conexion::openReader()
+// Another connection to the SQLite file, for reads outside transactions: opened as the first one
+// was, and refusing to write. Returns its name.
+QString Conexion::openReader()
 {
     const QSqlDatabase main = database();
-    QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_name + QStringLiteral("_lectura"));
-    db.setDatabaseName(main.databaseName());
-    db.setConnectOptions(main.connectOptions());
-    if (!db.open())
-        throw DbError(DbError::ProviderError,
-                      QStringLiteral("No se pudo abrir la base de datos %1: %2").arg(m_path, db.lastError().text()));
-    const QVariant handle = db.driver()->handle();
-    sqlite3 *reader = *static_cast<sqlite3 *const *>(handle.constData());
-    SqliteDialect::registerFunctions(reader);
-    sqlite3_busy_timeout(reader, m_busyTimeout);
-    QSqlQuery q(db);
-    if (!q.exec(QStringLiteral("PRAGMA query_only = 1")))
-        throw DbError::fromSql(q.lastError());
-    m_readerHandle = reader;
+    const QString name = m_name + QStringLiteral("_lectura_%1").arg(m_readers.size() + 1);
+    QString failure;
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
+        db.setDatabaseName(main.databaseName());
+        db.setConnectOptions(main.connectOptions());
+        if (db.open()) {
+            sqlite3 *reader = *static_cast<sqlite3 *const *>(db.driver()->handle().constData());
+            SqliteDialect::registerFunctions(reader);
+            sqlite3_busy_timeout(reader, m_busyTimeout);
+            QSqlQuery q(db);
+            if (q.exec(QStringLiteral("PRAGMA query_only = 1"))) {
+                m_readers.append({name, reader});
+                return name;
+            }
+            failure = DbError::fromSql(q.lastError()).Description();
+        } else {
+            failure = QStringLiteral("No se pudo abrir la base de datos %1: %2").arg(m_path, db.lastError().text());
+        }
+        db.close();
+    }
+    QSqlDatabase::removeDatabase(name);
+    throw DbError(DbError::ProviderError, failure);
 }
 
 void Conexion::registerSqliteExtensions(sqlite3 *handle)
@@ -396,9 +417,10 @@ int Conexion::defaultBusyTimeout() { return g_busyTimeout; }
 void Conexion::setBusyTimeout(int milliseconds)
 {
     m_busyTimeout = qMax(0, milliseconds);
-    for (sqlite3 *handle : {m_handle, m_readerHandle})
-        if (handle)
-            sqlite3_busy_timeout(handle, m_busyTimeout);
+    if (m_handle)
+        sqlite3_busy_timeout(m_handle, m_busyTimeout);
+    for (const Reader &reader : std::as_const(m_readers))
+        sqlite3_busy_timeout(reader.handle, m_busyTimeout);
 }
 
 void Conexion::requireWritable() const

@@ -60,10 +60,11 @@ public:
     QStringList sessionStatements() const { return m_sessionStatements; }
     /// The Qt connection, for code that needs the raw driver (benchmarks, the generator).
     QSqlDatabase database() const;
-    /// The connection a forward-only read runs on. On an SQLite file, outside a transaction, a
-    /// second connection to the same file: a read left open (a search dialog's list, a barcode
-    /// recordset being browsed) then never holds back this connection's writes. Inside a
-    /// transaction, the connection itself, so that reads see the transaction's own writes.
+    /// The connection a forward-only read runs on. On an SQLite file, outside a transaction, one
+    /// of its reading connections to the same file that no other read holds: a read left open (a
+    /// search dialog's list, barcodes being browsed) keeps its own, so it never holds back this
+    /// connection's writes nor makes the next reads see the data as they were when it began.
+    /// Inside a transaction, the connection itself, so that reads see the transaction's writes.
     QSqlDatabase readDatabase();
     /// The statement as the database receives it (adapted on SQLite). Throws DbError for a
     /// statement holding text SQL cannot store: every statement passes here before it is prepared.
@@ -121,7 +122,7 @@ private:
     Conexion(Dialect dialect, const QString &connectionName, QObject *parent);
     static Conexion *openSqlite(const QString &path, QObject *parent, bool companyDatabase);
     void prepareSqlite(bool companyDatabase);
-    void openReader();
+    QString openReader();
     void requireWritable() const;
     void rebuildTextIndexes();
     void prepareSqlServer();
@@ -134,7 +135,12 @@ private:
     QString m_name;
     QString m_path;               // SQLite: the database file
     sqlite3 *m_handle = nullptr;  // SQLite: the driver's handle
-    sqlite3 *m_readerHandle = nullptr; // SQLite: the reading connection's handle, once opened
+    struct Reader
+    {
+        QString name;
+        sqlite3 *handle;
+    };
+    QList<Reader> m_readers;       // SQLite: the reading connections opened so far
     bool m_readOnly = false;
     int m_busyTimeout = 0;         // SQLite: milliseconds a statement waits for a lock
     int m_depth = 0;              // open transaction levels

@@ -111,7 +111,8 @@ private slots:
     }
 
     // A read left open (a search dialog's list, barcodes being browsed) does not hold back the
-    // writes of its own connection, also after another workstation wrote.
+    // writes of its own connection, also after another workstation wrote, nor keeps the next
+    // reads on the data as they were when it began.
     void aReadLeftOpenDoesNotHoldBackWrites()
     {
         TestDatabase db;
@@ -122,6 +123,11 @@ private slots:
         db.conexion()->execute(u"UPDATE Marcas SET Nombre = 'ESTE PUESTO' WHERE Codigo = 2"_s);
         QCOMPARE(db.rows(u"SELECT Nombre FROM Marcas WHERE Codigo IN (1, 2) ORDER BY Codigo"_s),
                  (QStringList{u"OTRO PUESTO"_s, u"ESTE PUESTO"_s}));
+        Recordset now;
+        now.open(u"SELECT Nombre FROM Marcas WHERE Codigo IN (1, 2) ORDER BY Codigo"_s, db.conexion());
+        QCOMPARE(now.text(u"Nombre"_s), u"OTRO PUESTO"_s);
+        now.moveNext();
+        QCOMPARE(now.text(u"Nombre"_s), u"ESTE PUESTO"_s);
         rs.moveNext();
         QCOMPARE(rs.text(u"Codigo"_s), u"2"_s);
     }
