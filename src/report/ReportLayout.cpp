@@ -1,5 +1,6 @@
 #include "report/ReportLayout.h"
 
+#include <QDataStream>
 #include <QPaintDevice>
 #include <QTextLayout>
 
@@ -18,8 +19,6 @@ QFont reportFont(qreal points, bool bold)
 
 qreal pointsToDevice(qreal points, const QPaintDevice *device) { return points * device->logicalDpiY() / 72.0; }
 
-const int kMaxTitleLines = 3;
-const int kMaxCriteriaLines = 8;
 const int kMaxHeadingLines = 4;
 
 } // namespace
@@ -53,26 +52,74 @@ ReportLayout::ReportLayout(const clsListado &listado, const QPaintDevice *device
         x += w;
     }
 
-    // Heading: title (the print date at its right), criteria, column headings.
+    // Heading: the title and the criteria, wrapped whole; the column headings.
     m_printedText = QStringLiteral("Impreso el %1").arg(printed.toString(QStringLiteral("dd/MM/yyyy HH:mm")));
-    const qreal dateWidth = m_bodyMetrics.horizontalAdvance(m_printedText);
-    const qreal gap = m_lineHeight / 2;
-    const qreal titleWidth = qMax<qreal>(paper.width() - dateWidth - 2 * gap, paper.width() / 2);
-    m_titleLines = capped(wrap(listado.Titulo(), titleWidth, m_title), kMaxTitleLines, titleWidth, m_title);
-    m_criteriaTop = qMax<qsizetype>(1, m_titleLines.size()) * m_titleMetrics.lineSpacing();
-    if (!listado.Criterio().isEmpty())
-        m_criteriaLines = capped(wrap(listado.Criterio(), paper.width(), m_body), kMaxCriteriaLines, paper.width(), m_body);
-    m_headingsTop = m_criteriaTop + m_criteriaLines.size() * m_lineHeight + gap;
+    Heading whole, later; // the whole heading, and its one-line version
+    const Cell title = wrap(listado.Titulo(), paper.width(), m_title);
+    const Cell criteria = listado.Criterio().isEmpty() ? Cell() : wrap(listado.Criterio(), paper.width(), m_body);
+    for (const Line &line : title)
+        whole.append({line.text, line.width, true});
+    for (const Line &line : criteria)
+        whole.append({line.text, line.width, false});
+    const Line shortTitle = capped(title, 1, paper.width(), m_title).first();
+    later.append({shortTitle.text, shortTitle.width, true});
+    if (!criteria.isEmpty()) {
+        const Line shortCriteria = capped(criteria, 1, paper.width(), m_body).first();
+        later.append({shortCriteria.text, shortCriteria.width, false});
+    }
     QStringList titles;
     for (const auto &c : columnas)
         titles << c.Titulo;
     m_headings = layoutRow(titles, true);
     for (int i = 0; i < m_headings.size(); ++i)
         m_headings[i] = capped(m_headings[i], kMaxHeadingLines, qMax<qreal>(0, m_columnW[i] - 2 * m_hpad), m_bold);
-    m_bodyTop = m_headingsTop + rowHeight(lineCount(m_headings)) + m_vpad;
-    // Footer: the page label on the last line, a rule above it.
-    m_bodyBottom = paper.height() - m_lineHeight - gap;
-    m_linesPerPage = qMax(1, int((m_bodyBottom - m_bodyTop - 2 * m_vpad) / m_lineHeight));
+    m_headingsHeight = rowHeight(lineCount(m_headings)) + m_vpad;
+    // Footer: the print date and the page label on the last line, a rule above it.
+    m_bodyBottom = paper.height() - m_lineHeight - m_lineHeight / 2;
+    sliceHeading(whole, later.first());
+    m_laterHeading = m_firstHeadings.size() == 1 ? whole : later; // a short heading repeats whole
+    m_laterTop = heightOf(m_laterHeading) + m_lineHeight / 2;
+}
+
+qreal ReportLayout::heightOf(const Heading &heading) const
+{
+    qreal height = 0;
+    for (const HeadLine &line : heading)
+        height += headLineHeight(line);
+    return height;
+}
+
+// The first pages' headings: the whole heading in one when it fits a third of a page, else in
+// parts of at most a third of a page (at least a line each); a part that goes on with the
+// criteria starts with the one-line title.
+void ReportLayout::sliceHeading(const Heading &whole, const HeadLine &shortTitle)
+{
+    const qreal share = m_paper.height() / 3;
+    for (const HeadLine &line : whole) {
+        if (m_firstHeadings.isEmpty() || heightOf(m_firstHeadings.last()) + headLineHeight(line) > share) {
+            m_firstHeadings.append(Heading());
+            if (m_firstHeadings.size() > 1 && !line.title)
+                m_firstHeadings.last().append(shortTitle);
+        }
+        m_firstHeadings.last().append(line);
+    }
+    for (const Heading &heading : m_firstHeadings)
+        m_firstTops.append(heightOf(heading) + m_lineHeight / 2);
+}
+
+const ReportLayout::Heading &ReportLayout::pageHeading(int page) const
+{
+    return page < m_firstHeadings.size() ? m_firstHeadings[page] : m_laterHeading;
+}
+
+qreal ReportLayout::headingsTop(int page) const
+{
+    return page < m_firstTops.size() ? m_firstTops[page] : m_laterTop;
+}
+
+int ReportLayout::linesOn(int page) const
+{
+    return qMax(1, int((m_bodyBottom - bodyTop(page) - 2 * m_vpad) / m_lineHeight));
 }
 
 QString ReportLayout::printable(const QString &text)
@@ -167,46 +214,47 @@ int ReportLayout::lineCount(const Row &row)
 // page before it when it does not fit, and inside it when it is taller than a page.
 void ReportLayout::place(int lines, qreal &y)
 {
-    const qreal capacity = m_bodyBottom - m_bodyTop;
+    const auto capacity = [this] { return m_bodyBottom - bodyTop(int(m_pages.size()) - 1); };
+    const auto newPage = [this, &y](qint64 row, int line) {
+        m_pages.append({row, line});
+        y = 0;
+        return linesOn(int(m_pages.size()) - 1);
+    };
     const qreal height = rowHeight(lines);
-    if (y + height <= capacity)
+    if (y + height <= capacity()) {
         y += height;
-    else if (lines <= m_linesPerPage) {
-        m_pages.append({m_rows, 0});
+        return;
+    }
+    if (lines <= linesOn(int(m_pages.size()))) { // whole on the next page
+        newPage(m_rows, 0);
         y = height;
-    } else {
-        int fit = int((capacity - y - 2 * m_vpad) / m_lineHeight);
-        if (fit < 1) {
-            m_pages.append({m_rows, 0});
-            fit = m_linesPerPage;
-            y = 0;
-        }
-        int done = 0;
-        for (;;) {
-            const int take = qMin(fit, lines - done);
-            done += take;
-            y += rowHeight(take);
-            if (done >= lines)
-                break;
-            m_pages.append({m_rows, done});
-            fit = m_linesPerPage;
-            y = 0;
-        }
+        return;
+    }
+    int fit = int((capacity() - y - 2 * m_vpad) / m_lineHeight);
+    if (fit < 1)
+        fit = newPage(m_rows, 0);
+    for (int done = 0;;) {
+        const int take = qMin(fit, lines - done);
+        done += take;
+        y += rowHeight(take);
+        if (done >= lines)
+            break;
+        fit = newPage(m_rows, done);
     }
 }
 
-bool ReportLayout::paginate(const Progress &progress)
+bool ReportLayout::paginate(const Progress &progress, QDataStream *spool)
 {
     m_pages = {{0, 0}};
     m_rows = 0;
-    m_digest = 0;
     clsListado::Fuente &source = m_listado.Filas();
     const qint64 known = source.Total();
     source.Reiniciar();
     qreal y = 0;
     QStringList cells;
     while (source.Siguiente(cells)) {
-        m_digest = qHash(cells, m_digest);
+        if (spool)
+            *spool << cells;
         place(lineCount(layoutRow(cells, false)), y);
         ++m_rows;
         if (progress && m_rows % 50 == 0 && !progress(m_rows, known >= 0 ? 2 * known : 0))
@@ -214,6 +262,8 @@ bool ReportLayout::paginate(const Progress &progress)
     }
     if (!m_listado.Totales().isEmpty())
         place(lineCount(layoutRow(m_listado.Totales(), true)), y);
+    while (m_pages.size() < m_firstHeadings.size()) // the rest of a long heading on pages of its own
+        m_pages.append({m_rows + (m_listado.Totales().isEmpty() ? 0 : 1), 0});
     return true;
 }
 

@@ -1,7 +1,8 @@
 // Where everything of a printed list goes on the pages of one paint device, in its units: the
 // columns (twips scaled to fit the page width), each cell's text wrapped into lines that fit
-// its column, and the page breaks (a row taller than a page continues on the next). Nothing is
-// painted here; paginate() reads the rows once and keeps only where each page starts.
+// its column, the title and criteria of each page's heading, and the page breaks (a row taller
+// than a page continues on the next). Nothing is painted here; paginate() reads the rows once,
+// keeps only where each page starts and may copy the rows to a spool for the painting.
 #pragma once
 
 #include "varnel_controles_export.h"
@@ -15,6 +16,7 @@
 #include <QVector>
 #include <functional>
 
+class QDataStream;
 class QPaintDevice;
 
 namespace Varnel_Controles {
@@ -27,8 +29,11 @@ public:
     using Row = QVector<Cell>;
     /// A page starts at this line of this row (the totals row is row rowCount()).
     struct PageStart { qint64 row; int line; };
-    /// Called every few rows with the rows read over both readings and their total (0 while
-    /// unknown); false stops the work.
+    /// A line of a page's heading: the title's (larger, bold) or the criteria's.
+    struct HeadLine { QString text; qreal width; bool title; };
+    using Heading = QVector<HeadLine>;
+    /// Called every few rows with the steps done (rows counted, then rows painted) and their
+    /// total (0 while unknown); false stops the work.
     using Progress = std::function<bool(qint64 done, qint64 total)>;
 
     /// `paper` is the printable rectangle in the device's units, its top left at (0, 0).
@@ -46,13 +51,11 @@ public:
     static int lineCount(const Row &row);
     qreal rowHeight(int lines) const { return lines * m_lineHeight + 2 * m_vpad; }
 
-    /// First reading of the rows: counts them and finds where each page starts. False when
-    /// `progress` stopped it. The source may throw (DbError).
-    bool paginate(const Progress &progress = {});
+    /// The one reading of the rows: counts them and finds where each page starts, writing each
+    /// row to `spool` when given. False when `progress` stopped it. The source may throw (DbError).
+    bool paginate(const Progress &progress = {}, QDataStream *spool = nullptr);
     const QVector<PageStart> &pages() const { return m_pages; }
     qint64 rowCount() const { return m_rows; }
-    /// A digest of the rows read, to tell whether a second reading gave the same rows.
-    size_t digest() const { return m_digest; }
     QString pageLabel(int page) const;
 
     const clsListado &listado() const { return m_listado; }
@@ -66,24 +69,29 @@ public:
     qreal columnX(int column) const { return m_columnX.at(column); }
     qreal columnWidth(int column) const { return m_columnW.at(column); }
     int columnCount() const { return int(m_columnW.size()); }
-    /// The page heading: title lines, print date, criteria lines, column headings.
-    const Cell &titleLines() const { return m_titleLines; }
-    qreal titleLineHeight() const { return m_titleMetrics.lineSpacing(); }
+    /// The title and criteria lines of page `page`, whole and wrapped. When they take more than
+    /// a third of a page, the first pages carry them a third of a page each (a part going on
+    /// with the criteria under the one-line title) and the later ones a one-line version of each
+    /// (ending in "…" when shortened).
+    const Heading &pageHeading(int page) const;
+    qreal headLineHeight(const HeadLine &line) const { return line.title ? m_titleMetrics.lineSpacing() : m_lineHeight; }
     qreal titleAscent() const { return m_titleMetrics.ascent(); }
+    /// "Impreso el" and the print date, in the footer.
     QString printedText() const { return m_printedText; }
-    const Cell &criteriaLines() const { return m_criteriaLines; }
-    qreal criteriaTop() const { return m_criteriaTop; }
+    /// The column headings (at most 4 lines each) and where they and the rows start on a page.
     const Row &headings() const { return m_headings; }
-    qreal headingsTop() const { return m_headingsTop; }
-    qreal bodyTop() const { return m_bodyTop; }
+    qreal headingsTop(int page) const;
+    qreal bodyTop(int page) const { return headingsTop(page) + m_headingsHeight; }
     qreal bodyBottom() const { return m_bodyBottom; }
-    /// Whole lines of one row that a page holds.
-    int linesPerPage() const { return m_linesPerPage; }
 
 private:
-    /// At most `maxLines` lines; the last one shown ends in "…" when there were more.
     QFontMetricsF metrics(const QFont &font) const;
+    /// At most `maxLines` lines; the last one shown ends in "…" when there were more.
     Cell capped(Cell lines, int maxLines, qreal width, const QFont &font) const;
+    qreal heightOf(const Heading &heading) const;
+    void sliceHeading(const Heading &whole, const HeadLine &shortTitle);
+    /// Whole lines of one row that page `page` holds.
+    int linesOn(int page) const;
     void place(int lines, qreal &y);
 
     const clsListado &m_listado;
@@ -93,15 +101,16 @@ private:
     QFontMetricsF m_bodyMetrics, m_boldMetrics, m_titleMetrics;
     qreal m_lineHeight, m_hpad, m_vpad;
     QVector<qreal> m_columnX, m_columnW;
-    Cell m_titleLines, m_criteriaLines;
     QString m_printedText;
+    QVector<Heading> m_firstHeadings; // of the first pages, one each
+    Heading m_laterHeading;           // of every page after them
+    QVector<qreal> m_firstTops;       // the column headings' top under each first heading
+    qreal m_laterTop = 0;
     Row m_headings;
-    qreal m_criteriaTop = 0, m_headingsTop = 0, m_bodyTop = 0, m_bodyBottom = 0;
-    int m_linesPerPage = 1;
+    qreal m_headingsHeight = 0, m_bodyBottom = 0;
 
     QVector<PageStart> m_pages;
     qint64 m_rows = 0;
-    size_t m_digest = 0;
 };
 
 } // namespace Varnel_Controles

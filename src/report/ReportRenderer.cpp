@@ -1,7 +1,10 @@
 #include "report/ReportRenderer.h"
 
+#include <QDataStream>
+#include <QDir>
 #include <QPagedPaintDevice>
 #include <QPainter>
+#include <QTemporaryFile>
 
 namespace Varnel_Controles {
 
@@ -20,27 +23,21 @@ public:
     void heading(int page)
     {
         const qreal width = l.paper().width();
-        p.setFont(l.titleFont());
         qreal y = 0;
-        for (const Line &line : l.titleLines()) {
-            p.drawText(QPointF(0, y + l.titleAscent()), line.text);
-            y += l.titleLineHeight();
+        for (const ReportLayout::HeadLine &line : l.pageHeading(page)) {
+            p.setFont(line.title ? l.titleFont() : l.font(false));
+            p.drawText(QPointF(0, y + (line.title ? l.titleAscent() : l.ascent(false))), line.text);
+            y += l.headLineHeight(line);
         }
-        p.setFont(l.font(false));
-        const qreal dateWidth = p.fontMetrics().horizontalAdvance(l.printedText());
-        p.drawText(QPointF(width - dateWidth, l.titleAscent()), l.printedText());
-        y = l.criteriaTop();
-        for (const Line &line : l.criteriaLines()) {
-            p.drawText(QPointF(0, y + l.ascent(false)), line.text);
-            y += l.lineHeight();
-        }
-        rule(l.headingsTop());
-        cells(l.headings(), 0, ReportLayout::lineCount(l.headings()), l.headingsTop(), true);
-        rule(l.bodyTop() - l.vpad());
-        // Footer
+        const qreal top = l.headingsTop(page);
+        rule(top);
+        cells(l.headings(), 0, ReportLayout::lineCount(l.headings()), top, true);
+        rule(l.bodyTop(page) - l.vpad());
+        // Footer: the print date at the left, the page label at the right.
         const qreal footer = l.paper().height() - l.lineHeight();
         rule(footer - l.vpad());
         p.setFont(l.font(false));
+        p.drawText(QPointF(0, footer + l.ascent(false)), l.printedText());
         const QString label = l.pageLabel(page);
         p.drawText(QPointF(width - p.fontMetrics().horizontalAdvance(label), footer + l.ascent(false)), label);
     }
@@ -97,24 +94,33 @@ QRectF ReportRenderer::paper(const QPagedPaintDevice &device)
 }
 
 ReportRenderer::Outcome ReportRenderer::render(const clsListado &listado, QPagedPaintDevice &device,
-                                               const ReportLayout::Progress &progress)
+                                               const ReportLayout::Progress &progress, QString *why)
 {
+    // The rows are read once: counted into pages and kept in a spool file, painted from it.
+    QTemporaryFile spoolFile(QDir::tempPath() + QStringLiteral("/varnel-listado-XXXXXX.filas"));
+    const auto failed = [&spoolFile, why] {
+        if (why)
+            *why = spoolFile.errorString();
+        return SpoolFailed;
+    };
+    if (!spoolFile.open())
+        return failed();
+    QDataStream spool(&spoolFile);
     ReportLayout layout(listado, &device, paper(device));
-    if (!layout.paginate(progress))
+    if (!layout.paginate(progress, &spool))
         return Cancelled;
+    if (spool.status() != QDataStream::Ok || !spoolFile.flush() || !spoolFile.seek(0))
+        return failed();
     const qint64 rows = layout.rowCount();
     const qint64 total = 2 * rows;
     const bool totals = !listado.Totales().isEmpty();
     const auto &pages = layout.pages();
 
-    clsListado::Fuente &source = listado.Filas();
-    source.Reiniciar();
     QPainter painter(&device);
     PagePainter page(painter, layout);
     QStringList cells;
     ReportLayout::Row current;
     bool loaded = false;
-    size_t digest = 0;
     qint64 row = 0;
     int line = 0;
     for (int p = 0; p < pages.size(); ++p) {
@@ -123,7 +129,7 @@ ReportRenderer::Outcome ReportRenderer::render(const clsListado &listado, QPaged
         page.heading(p);
         const ReportLayout::PageStart end =
             p + 1 < pages.size() ? pages[p + 1] : ReportLayout::PageStart{rows + (totals ? 1 : 0), 0};
-        qreal y = layout.bodyTop();
+        qreal y = layout.bodyTop(p);
         while (row < end.row || (row == end.row && line < end.line)) {
             const bool isTotals = row == rows;
             if (!loaded) {
@@ -131,9 +137,9 @@ ReportRenderer::Outcome ReportRenderer::render(const clsListado &listado, QPaged
                     current = layout.layoutRow(listado.Totales(), true);
                     page.rule(y);
                 } else {
-                    if (!source.Siguiente(cells))
-                        return DataChanged;
-                    digest = qHash(cells, digest);
+                    spool >> cells;
+                    if (spool.status() != QDataStream::Ok)
+                        return failed();
                     current = layout.layoutRow(cells, false);
                 }
                 loaded = true;
@@ -152,8 +158,6 @@ ReportRenderer::Outcome ReportRenderer::render(const clsListado &listado, QPaged
             }
         }
     }
-    if (source.Siguiente(cells) || digest != layout.digest())
-        return DataChanged;
     if (progress)
         progress(total, total);
     return Done;

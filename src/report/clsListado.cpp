@@ -3,6 +3,7 @@
 #include "data/Conexion.h"
 #include "data/DbError.h"
 #include "data/Recordset.h"
+#include "platform/LegacyError.h"
 
 #include <QPointer>
 
@@ -127,6 +128,14 @@ clsListado &clsListado::operator=(const clsListado &other)
 
 void clsListado::AgregarColumna(const QString &titulo, qint32 anchoTwips, enmAlignment alineacion)
 {
+    if (anchoTwips < kAnchoMinimo)
+        throw LegacyError(LegacyError::InvalidPropertyValue,
+                          QStringLiteral("El valor de la propiedad no es válido: la columna «%1» mide %2 twips y "
+                                         "debe medir al menos %3.")
+                              .arg(titulo)
+                              .arg(anchoTwips)
+                              .arg(kAnchoMinimo),
+                          QStringLiteral("clsListado::AgregarColumna"));
     m_columnas.append({titulo, anchoTwips, alineacion});
 }
 

@@ -28,8 +28,9 @@ public:
         enmAlignment Alineacion = LeftJustify;
     };
 
-    /// Rows read one at a time. Printing reads them twice (to count the pages, then to paint
-    /// them), calling Reiniciar before each reading; both readings must give the same rows.
+    /// Rows read one at a time. Each delivery reads them once, after Reiniciar (a print preview
+    /// that lays the list out again reads them again); they are copied to a temporary file as
+    /// the pages are counted and painted from it.
     class VARNEL_CONTROLES_EXPORT Fuente
     {
     public:
@@ -54,7 +55,9 @@ public:
     QString Criterio() const { return m_criterio; }
     void setCriterio(const QString &criterio) { m_criterio = criterio; }
 
+    /// Columns are at least kAnchoMinimo twips wide: a narrower width is refused (LegacyError 380).
     void AgregarColumna(const QString &titulo, qint32 anchoTwips, enmAlignment alineacion = LeftJustify);
+    static constexpr qint32 kAnchoMinimo = 100;
     const QList<Columna> &Columnas() const { return m_columnas; }
 
     /// Adds a row to the document's own list (cells past the last column are not printed).

@@ -81,17 +81,19 @@ private:
 
 enum Outcome { Done, Cancelled, Failed };
 
-// Paints the list; a failure of the rows' source or rows that changed between the two readings
-// is told to the clerk.
+// Paints the list; a failure of the rows' source or of the temporary spool is told to the clerk.
 Outcome render(const clsListado &listado, QPagedPaintDevice &device, const QString &title)
 {
     Avance avance(listado, title);
     try {
-        switch (ReportRenderer::render(listado, device, avance.callback())) {
+        QString why;
+        switch (ReportRenderer::render(listado, device, avance.callback(), &why)) {
         case ReportRenderer::Done: return Done;
         case ReportRenderer::Cancelled: return Cancelled;
-        case ReportRenderer::DataChanged:
-            aviso(QStringLiteral("Los datos del listado han cambiado mientras se preparaba. Vuelva a sacar el listado."),
+        case ReportRenderer::SpoolFailed:
+            aviso(QStringLiteral("No se puede preparar el listado: no se ha podido escribir su copia temporal en la "
+                                 "carpeta «%1» (¿disco lleno?): %2.")
+                      .arg(QDir::toNativeSeparators(QDir::tempPath()), why),
                   title);
             return Failed;
         }
@@ -171,15 +173,50 @@ QString cupsReason(const QString &printer)
     }
 }
 
+// Whether the print system answers at all (a stopped cupsd lists no printers).
+bool printSystemAnswers()
+{
+    http_t *http = httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1, 5000, nullptr);
+    if (http)
+        httpClose(http);
+    return http != nullptr;
+}
+
+// A print job as lp sends it: to the queue before the "/" of an instance ("Oficina/dos"), with
+// the options lpoptions gave that destination.
+int printFile(const QString &printer, const QString &file, const QString &title)
+{
+    const QByteArray queue = printer.section(QLatin1Char('/'), 0, 0).toUtf8();
+    const QByteArray instance = printer.section(QLatin1Char('/'), 1).toUtf8();
+    cups_dest_t *dests = nullptr;
+    const int count = cupsGetDests2(CUPS_HTTP_DEFAULT, &dests);
+    int optionCount = 0;
+    cups_option_t *options = nullptr;
+    if (const cups_dest_t *dest = cupsGetDest(queue.constData(), instance.isEmpty() ? nullptr : instance.constData(),
+                                              count, dests))
+        for (int i = 0; i < dest->num_options; ++i)
+            optionCount = cupsAddOption(dest->options[i].name, dest->options[i].value, optionCount, &options);
+    cupsFreeDests(count, dests);
+    const int job = cupsPrintFile2(CUPS_HTTP_DEFAULT, queue.constData(), QFile::encodeName(file).constData(),
+                                   title.toUtf8().constData(), optionCount, options);
+    cupsFreeOptions(optionCount, options);
+    return job;
+}
+
 bool toPrinter(const clsListado &listado, const QString &printer)
 {
     const QString title = tituloDe(kdImpresora);
     if (printer.isEmpty())
         return aviso(QStringLiteral("No hay ninguna impresora elegida. Elija una impresora en la lista."), title);
-    if (!PrinterSource::current().printerNames().contains(printer))
+    if (!PrinterSource::current().printerNames().contains(printer)) {
+        if (!printSystemAnswers())
+            return aviso(QStringLiteral("No se puede imprimir el listado: el sistema de impresión de este equipo no "
+                                        "responde. Compruebe que el servicio de impresión (CUPS) está en marcha."),
+                         title);
         return aviso(QStringLiteral("La impresora «%1» ya no está en este equipo. Elija otra impresora en la lista.")
                          .arg(printer),
                      title);
+    }
     QTemporaryDir dir(QDir::tempPath() + QStringLiteral("/varnel-listado-XXXXXX"));
     QFile pdf(dir.filePath(QStringLiteral("listado.pdf")));
     if (!dir.isValid() || !pdf.open(QIODevice::WriteOnly))
@@ -194,8 +231,7 @@ bool toPrinter(const clsListado &listado, const QString &printer)
         return false;
     if (pdf.error() != QFileDevice::NoError)
         return aviso(QStringLiteral("No se puede preparar el listado para la impresora: %1.").arg(pdf.errorString()), title);
-    const int job = cupsPrintFile2(CUPS_HTTP_DEFAULT, printer.toUtf8().constData(), QFile::encodeName(pdf.fileName()).constData(),
-                                   listado.Titulo().toUtf8().constData(), 0, nullptr);
+    const int job = printFile(printer, pdf.fileName(), listado.Titulo());
     if (job <= 0)
         return aviso(QStringLiteral("No se ha podido imprimir el listado: %1.").arg(cupsReason(printer)), title);
     return true;
@@ -215,9 +251,13 @@ bool toFile(const clsListado &listado, const QString &path)
         return aviso(QStringLiteral("No se puede guardar el listado en «%1»: es una carpeta.").arg(path), title);
     QSaveFile file(path); // written aside, renamed into place by commit()
     if (!file.open(QIODevice::WriteOnly)) {
-        const QString why = file.error() == QFileDevice::PermissionsError || !QFileInfo(info.absolutePath()).isWritable()
-                                ? QStringLiteral("no tiene permiso para escribir en esa carpeta")
-                                : file.errorString();
+        QString why;
+        if (info.exists() && !info.isWritable())
+            why = QStringLiteral("ya existe un fichero con ese nombre y es de solo lectura; no se ha cambiado");
+        else if (file.error() == QFileDevice::PermissionsError || !QFileInfo(info.absolutePath()).isWritable())
+            why = QStringLiteral("no tiene permiso para escribir en esa carpeta");
+        else
+            why = QStringLiteral("no se ha podido crear el fichero (%1)").arg(file.errorString());
         return aviso(QStringLiteral("No se puede guardar el listado en «%1»: %2.").arg(path, why), title);
     }
     if (writePdf(listado, file, QPageSize(QPageSize::A4), title) != Done) {
@@ -232,11 +272,13 @@ bool toFile(const clsListado &listado, const QString &path)
     return true;
 }
 
+// The title as a file name that every mail composer's command line takes: letters (accented
+// too), digits, blanks, "-" and "_"; any other character becomes "_".
 QString attachmentName(const QString &titulo)
 {
     QString name;
-    for (QChar c : ReportLayout::printable(titulo).simplified())
-        name += QStringLiteral("/\\:*?\"<>|").contains(c) ? QLatin1Char('_') : c;
+    for (QChar c : ReportLayout::printable(titulo).normalized(QString::NormalizationForm_C).simplified())
+        name += c.isLetterOrNumber() || c.isMark() || c == QLatin1Char(' ') || c == QLatin1Char('-') ? c : QLatin1Char('_');
     return (name.isEmpty() ? QStringLiteral("Listado") : name.left(80)) + QStringLiteral(".pdf");
 }
 

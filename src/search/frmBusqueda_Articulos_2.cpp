@@ -1,10 +1,12 @@
 #include "search/frmBusqueda_Articulos_2.h"
 
 #include "data/ContextoDatos.h"
+#include "data/DbError.h"
 #include "data/Recordset.h"
 #include "data/SqlText.h"
 #include "input/kdTextBox.h"
 #include "lookup/kdProveedor.h"
+#include "platform/LegacyError.h"
 #include "platform/UiSeam.h"
 #include "report/clsListado.h"
 #include "report/modListados.h"
@@ -38,14 +40,27 @@ frmBusqueda_Articulos_2::frmBusqueda_Articulos_2(QWidget *parent)
     cmdImprimir->setObjectName(QStringLiteral("cmdImprimir"));
     cmdImprimir->setAutoDefault(false);
     m_buttons->insertWidget(0, cmdImprimir);
-    connect(cmdImprimir, &QPushButton::clicked, this, [this] { Imprimir(m_destino, m_impresora, m_fichero); });
+    connect(cmdImprimir, &QPushButton::clicked, this, [this] {
+        trapErrors(objectName() + QStringLiteral("::Imprimir"), [this] { return Imprimir(m_destino, m_impresora, m_fichero); });
+    });
     resize(900, 560);
+}
+
+void frmBusqueda_Articulos_2::setDestino(qint32 value)
+{
+    if (value < kdPantalla || value > kdEMail)
+        throw LegacyError(LegacyError::InvalidPropertyValue,
+                          QStringLiteral("El valor de la propiedad no es válido: Destino %1 (1 Pantalla, 2 Impresora, "
+                                         "3 Fichero, 4 eMail).")
+                              .arg(value),
+                          objectName() + QStringLiteral("::Destino"));
+    m_destino = enmDestination(value);
 }
 
 clsListado frmBusqueda_Articulos_2::Listado() const
 {
     clsListado listado(windowTitle());
-    listado.setCriterio(DevCriterio());
+    listado.setCriterio(m_ultimoCriterio);
     QStringList fields{QStringLiteral("Codigo"), QStringLiteral("Descripcion")};
     listado.AgregarColumna(QStringLiteral("Código"), 800);
     listado.AgregarColumna(QStringLiteral("Descripción"), 3200);
@@ -116,6 +131,7 @@ QString frmBusqueda_Articulos_2::statement(qint16 empresa, const FiltroArticulos
 {
     m_ultimaInstruccion = statement(empresa, Almacen(), {m_tarifas[0].codigo, m_tarifas[1].codigo, m_tarifas[2].codigo},
                                     filtro.condiciones(FiltroArticulos::Segunda));
+    m_ultimoCriterio = DevCriterio();
     return m_ultimaInstruccion;
 }
 

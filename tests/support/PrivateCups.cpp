@@ -27,7 +27,8 @@ bool PrivateCups::start(const QStringList &queues, const QString &defaultQueue)
     const QString conf = root + QStringLiteral("/cupsd.conf");
     const QString files = root + QStringLiteral("/cups-files.conf");
     // Anyone may administer this daemon (lpadmin -x without a password).
-    writeFile(conf, QStringLiteral("Listen %1\nBrowsing No\nDefaultPolicy abierta\n<Policy abierta>\n<Limit All>\n"
+    writeFile(conf, QStringLiteral("Listen %1\nBrowsing No\nPageLogFormat \"job %j copies=%{copies}\"\n"
+                                   "DefaultPolicy abierta\n<Policy abierta>\n<Limit All>\n"
                                    "Order allow,deny\nAllow all\n</Limit>\n</Policy>\n")
                         .arg(socket));
     QDir(root).mkpath(QStringLiteral("tmp"));

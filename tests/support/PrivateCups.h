@@ -21,6 +21,8 @@ public:
     void addFileQueue(const QString &name) { m_fileQueues << name; }
     void addClosedQueue(const QString &name) { m_closedQueues << name; }
     QString outputOf(const QString &name) const { return m_dir.filePath(name + QStringLiteral(".prn")); }
+    /// The daemon's log: a line "job N copies=C" for each job printed.
+    QString log() const { return m_dir.filePath(QStringLiteral("log")); }
     /// Deletes a queue from the running daemon, as an administrator would (lpadmin -x).
     bool removeQueue(const QString &name);
     QString error() const { return m_error; }
