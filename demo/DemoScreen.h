@@ -17,4 +17,7 @@ public:
     virtual void prepareScreenshot() {}
     /// Dialogs of the screen worth a screenshot of their own, ready to show (owned by the caller).
     virtual QList<QPair<QString, QWidget *>> screenshotDialogs() { return {}; }
+    /// Documents the screen prints, written next to its screenshot as `stem`.pdf and the like;
+    /// returns the files written.
+    virtual QStringList writeDocuments(const QString &stem) { Q_UNUSED(stem); return {}; }
 };

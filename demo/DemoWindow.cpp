@@ -55,6 +55,7 @@ QStringList DemoWindow::writeScreenshots(const QString &dir)
         const QString file = QDir(dir).filePath(QStringLiteral("%1-%2.png").arg(i + 1, 2, 10, QLatin1Char('0')).arg(m_screens[i]->slug()));
         if (grab().save(file))
             files << file;
+        files << m_screens[i]->writeDocuments(file.chopped(4));
         int n = 0;
         for (const auto &[slug, dialog] : m_screens[i]->screenshotDialogs()) {
             dialog->show();

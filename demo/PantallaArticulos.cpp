@@ -10,7 +10,9 @@
 #include <Varnel_Controles/frmBusqueda_Articulos_1.h>
 #include <Varnel_Controles/frmBusqueda_Articulos_2.h>
 #include <Varnel_Controles/kdCliente.h>
+#include <Varnel_Controles/kdDispositivo.h>
 #include <Varnel_Controles/kdFamilia.h>
+#include <Varnel_Controles/kdImpresoras.h>
 #include <Varnel_Controles/kdTextBox.h>
 
 #include <QCheckBox>
@@ -37,6 +39,8 @@ PantallaArticulos::PantallaArticulos(Conexion *conexion, cEmpresa *empresa, cons
     , txtDescripcion(new kdTextBox(this))
     , txtFamilia(new kdFamilia(this))
     , txtCliente(new kdCliente(this))
+    , cboDestino(new kdDispositivo(this))
+    , cboImpresoras(new kdImpresoras(this))
     , chkExtendido(new QCheckBox(QStringLiteral("Modo &extendido (descripción larga, existencias, precio y foto)"), this))
     , chkCodBarras(new QCheckBox(QStringLiteral("Columna de código de &barras"), this))
     , lblElegido(new QLabel(this))
@@ -52,6 +56,8 @@ PantallaArticulos::PantallaArticulos(Conexion *conexion, cEmpresa *empresa, cons
     form->addRow(QStringLiteral("&Descripción:"), txtDescripcion);
     form->addRow(QStringLiteral("&Familia:"), txtFamilia);
     form->addRow(QStringLiteral("&Cliente (precios):"), txtCliente);
+    form->addRow(QStringLiteral("&Imprimir en:"), cboDestino);
+    form->addRow(QStringLiteral("I&mpresora:"), cboImpresoras);
     layout->addLayout(form);
     layout->addWidget(chkExtendido);
     layout->addWidget(chkCodBarras);
@@ -145,6 +151,11 @@ frmBusqueda_Articulos *PantallaArticulos::dialog(int layout)
     d->setBusqueda_Familia_1(txtFamilia->Familia_1());
     d->setBusqueda_Familia_2(txtFamilia->Familia_2());
     d->setBusqueda_Familia_3(txtFamilia->Familia_3());
+    if (auto *second = qobject_cast<frmBusqueda_Articulos_2 *>(d)) { // its Imprimir button prints there
+        second->setDestino(cboDestino->ListCount() > 0 ? cboDestino->Destination() : kdPantalla);
+        second->setImpresora(cboImpresoras->Text());
+        second->setFichero(QDir::home().filePath(QStringLiteral("articulos.pdf")));
+    }
     return d;
 }
 
@@ -165,6 +176,20 @@ void PantallaArticulos::prepareScreenshot()
     txtCliente->Cargar();
     chkExtendido->setChecked(true);
     txtDescripcion->setFocus();
+}
+
+QStringList PantallaArticulos::writeDocuments(const QString &stem)
+{
+    txtDescripcion->setText(QStringLiteral("TORNILLO"));
+    std::unique_ptr<frmBusqueda_Articulos> d(dialog(2));
+    auto *second = static_cast<frmBusqueda_Articulos_2 *>(d.get());
+    const QString pdf = stem + QStringLiteral(".pdf");
+    try {
+        second->Recuperar_Registros();
+    } catch (const DbError &) {
+        return {};
+    }
+    return second->Imprimir(kdFichero, QString(), pdf) ? QStringList{pdf} : QStringList();
 }
 
 QList<QPair<QString, QWidget *>> PantallaArticulos::screenshotDialogs()

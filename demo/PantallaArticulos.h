@@ -10,7 +10,8 @@
 class QCheckBox;
 class QLabel;
 namespace Varnel_Controles {
-class Conexion; class cEmpresa; class frmBusqueda_Articulos; class kdCliente; class kdFamilia; class kdTextBox;
+class Conexion; class cEmpresa; class frmBusqueda_Articulos; class kdCliente; class kdDispositivo; class kdFamilia;
+class kdImpresoras; class kdTextBox;
 }
 
 class PantallaArticulos : public DemoScreen
@@ -24,6 +25,8 @@ public:
     QString slug() const override { return QStringLiteral("articulos"); }
     void prepareScreenshot() override;
     QList<QPair<QString, QWidget *>> screenshotDialogs() override;
+    /// The second layout's printed list of the screenshot's search, as a PDF.
+    QStringList writeDocuments(const QString &stem) override;
 
 private:
     void open(int layout);
@@ -36,6 +39,8 @@ private:
     Varnel_Controles::kdTextBox *txtDescripcion;
     Varnel_Controles::kdFamilia *txtFamilia;
     Varnel_Controles::kdCliente *txtCliente;
+    Varnel_Controles::kdDispositivo *cboDestino;   // where the second layout's Imprimir sends its list
+    Varnel_Controles::kdImpresoras *cboImpresoras;
     QCheckBox *chkExtendido, *chkCodBarras;
     QLabel *lblElegido;
 };

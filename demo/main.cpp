@@ -79,7 +79,7 @@ int main(int argc, char **argv)
     window.addScreen(new PantallaRangos(empresa));
     window.addScreen(new PantallaCodigosBarras(conexion, empresa));
     window.addScreen(new PantallaAltaArticulos(conexion, empresa));
-    window.addScreen(new PantallaListado);
+    window.addScreen(new PantallaListado(empresa));
     window.addScreen(new PantallaVentas(conexion, empresa));
 
     if (parser.isSet(screenshot)) {

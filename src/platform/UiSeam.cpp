@@ -3,12 +3,66 @@
 #include <QApplication>
 #include <QDialog>
 #include <QMessageBox>
+#include <QPointer>
+#include <QProgressDialog>
 #include <QPushButton>
 
 namespace Varnel_Controles {
 
 namespace {
 UiSeam *g_installed = nullptr;
+
+// The bar counts in steps of at most INT_MAX; the window appears after half a second.
+class DialogProgreso : public Progreso
+{
+public:
+    DialogProgreso(const QString &text, const QString &title, qint64 total)
+        : m_dialog(new QProgressDialog(text, QStringLiteral("Cancelar"), 0, 0, QApplication::activeWindow()))
+    {
+        m_dialog->setWindowTitle(title);
+        m_dialog->setWindowModality(Qt::ApplicationModal);
+        m_dialog->setMinimumDuration(500);
+        m_dialog->setAutoReset(false);
+        m_dialog->setAutoClose(false);
+        setTotal(total);
+    }
+    ~DialogProgreso() override { delete m_dialog.data(); }
+    bool avanzar(qint64 hechos) override
+    {
+        if (!m_dialog)
+            return false;
+        m_dialog->setValue(int(qMin<qint64>(m_scale > 0 ? hechos / m_scale : 0, m_dialog->maximum())));
+        QApplication::processEvents(); // Cancel is pressed between two steps
+        return m_dialog && !m_dialog->wasCanceled();
+    }
+    void setTotal(qint64 total) override
+    {
+        m_scale = total > INT_MAX ? total / INT_MAX + 1 : 1;
+        if (m_dialog)
+            m_dialog->setMaximum(int(total / m_scale));
+    }
+
+private:
+    QPointer<QProgressDialog> m_dialog;
+    qint64 m_scale = 1;
+};
+
+class SinProgreso : public Progreso
+{
+public:
+    bool avanzar(qint64) override { return true; }
+    void setTotal(qint64) override {}
+};
+
+} // namespace
+
+Progreso::~Progreso() = default;
+
+std::unique_ptr<Progreso> UiSeam::Progress(const QString &text, const QString &title, qint64 total)
+{
+    if (!qobject_cast<QApplication *>(QCoreApplication::instance()))
+        return std::make_unique<SinProgreso>();
+    return std::make_unique<DialogProgreso>(text, title, total);
 }
 
 UiSeam &UiSeam::current()

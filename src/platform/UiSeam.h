@@ -5,10 +5,22 @@
 #include "varnel_controles_export.h"
 
 #include <QString>
+#include <memory>
 
 class QDialog;
 
 namespace Varnel_Controles {
+
+/// A long task's progress window with Cancel, shown for as long as the object lives.
+class VARNEL_CONTROLES_EXPORT Progreso
+{
+public:
+    virtual ~Progreso();
+    /// Moves the bar to `hechos` steps; false once the clerk has pressed Cancel (and from then on).
+    virtual bool avanzar(qint64 hechos) = 0;
+    /// A new number of steps (0: not known, the bar only shows activity).
+    virtual void setTotal(qint64 total) = 0;
+};
 
 class VARNEL_CONTROLES_EXPORT UiSeam
 {
@@ -25,6 +37,9 @@ public:
     virtual int MsgBox(const QString &prompt, int style, const QString &title) = 0;
     /// Shows `dialog` modally; returns when the dialog hides itself, with QDialog's result code.
     virtual int ShowModal(QDialog &dialog) = 0;
+    /// A progress window titled `title` saying `text`, for `total` steps (0: not known). The
+    /// default is a window-modal QProgressDialog (nothing without a QApplication).
+    virtual std::unique_ptr<Progreso> Progress(const QString &text, const QString &title, qint64 total);
 
     /// The seam in use (real message boxes and QDialog::exec unless another was installed).
     static UiSeam &current();

@@ -7,6 +7,7 @@
 #include "platform/Legacy.h"
 #include "platform/LegacyColor.h"
 #include "platform/TextField.h"
+#include "platform/UiSeam.h"
 #include "search/PagedRecordsetModel.h"
 #include "search/SearchGrid.h"
 
@@ -78,11 +79,11 @@ void frmBusqueda::addGrid()
     vsListado->setModel(m_model);
 
     m_layout->addWidget(vsListado, 1);
-    auto *buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(cmdAceptar);
-    buttons->addWidget(cmdCancelar);
-    m_layout->addLayout(buttons);
+    m_buttons = new QHBoxLayout;
+    m_buttons->addStretch();
+    m_buttons->addWidget(cmdAceptar);
+    m_buttons->addWidget(cmdCancelar);
+    m_layout->addLayout(m_buttons);
 
     connect(cmdAceptar, &QPushButton::clicked, this, &frmBusqueda::onAceptar);
     connect(cmdCancelar, &QPushButton::clicked, this, &frmBusqueda::onCancelar);
@@ -274,12 +275,24 @@ void frmBusqueda::onGridKeyDown(qint16 &keyCode, qint16 &shift)
     }
 }
 
-// End: the last row read (the view then reads a page beyond it); Ctrl+End: every row left.
+// End: the last row read (the view then reads a page beyond it); Ctrl+End: every row left, a
+// thousand at a time, under a progress window (once there are more) whose Cancel keeps the rows
+// read so far.
 void frmBusqueda::readToEnd(bool everything)
 {
     if (everything) {
-        QApplication::setOverrideCursor(Qt::WaitCursor);
-        readMore([this] { m_model->fetchAll(); });
+        QApplication::setOverrideCursor(Qt::BusyCursor); // busy, and Cancel can still be clicked
+        readMore([this] {
+            constexpr int kStep = 1000;
+            std::unique_ptr<Progreso> progress;
+            while (m_model->fetch(kStep) == kStep && !m_model->sourceAtEnd()) {
+                if (!progress)
+                    progress = UiSeam::current().Progress(QStringLiteral("Leyendo todas las filas de la búsqueda…"),
+                                                          windowTitle(), 0);
+                if (!progress->avanzar(m_model->rowCount()))
+                    break;
+            }
+        });
         QApplication::restoreOverrideCursor();
     }
     vsListado->setRow(m_model->rowCount() - 1);

@@ -96,6 +96,7 @@ protected:
     QPushButton *cmdAceptar = nullptr;
     QPushButton *cmdCancelar = nullptr;
     QHBoxLayout *m_filters = nullptr; // the row of the simple name filter
+    QHBoxLayout *m_buttons = nullptr; // the row of Accept and Cancel
     PagedRecordsetModel *m_model;
     qint32 m_codigo = 0; // the result
     QString m_nombre;

@@ -1,12 +1,20 @@
 #include "search/frmBusqueda_Articulos_2.h"
 
 #include "data/ContextoDatos.h"
+#include "data/DbError.h"
 #include "data/Recordset.h"
 #include "data/SqlText.h"
 #include "input/kdTextBox.h"
 #include "lookup/kdProveedor.h"
+#include "platform/LegacyError.h"
+#include "platform/UiSeam.h"
+#include "report/clsListado.h"
+#include "report/modListados.h"
 #include "search/FiltroArticulos.h"
 #include "search/SearchGrid.h"
+
+#include <QHBoxLayout>
+#include <QPushButton>
 
 namespace Varnel_Controles {
 
@@ -28,7 +36,59 @@ frmBusqueda_Articulos_2::frmBusqueda_Articulos_2(QWidget *parent)
     setColumn(10, 300, Qt::AlignRight | Qt::AlignVCenter);
     setReadsToEnd(true);
     searched();
+    cmdImprimir = new QPushButton(QStringLiteral("&Imprimir"), this);
+    cmdImprimir->setObjectName(QStringLiteral("cmdImprimir"));
+    cmdImprimir->setAutoDefault(false);
+    m_buttons->insertWidget(0, cmdImprimir);
+    connect(cmdImprimir, &QPushButton::clicked, this, [this] {
+        trapErrors(objectName() + QStringLiteral("::Imprimir"), [this] { return Imprimir(m_destino, m_impresora, m_fichero); });
+    });
     resize(900, 560);
+}
+
+void frmBusqueda_Articulos_2::setDestino(qint32 value)
+{
+    if (value < kdPantalla || value > kdEMail)
+        throw LegacyError(LegacyError::InvalidPropertyValue,
+                          QStringLiteral("El valor de la propiedad no es válido: Destino %1 (1 Pantalla, 2 Impresora, "
+                                         "3 Fichero, 4 eMail).")
+                              .arg(value),
+                          objectName() + QStringLiteral("::Destino"));
+    m_destino = enmDestination(value);
+}
+
+clsListado frmBusqueda_Articulos_2::Listado() const
+{
+    clsListado listado(windowTitle());
+    listado.setCriterio(m_ultimoCriterio);
+    QStringList fields{QStringLiteral("Codigo"), QStringLiteral("Descripcion")};
+    listado.AgregarColumna(QStringLiteral("Código"), 800);
+    listado.AgregarColumna(QStringLiteral("Descripción"), 3200);
+    if (MostrarCodBarras()) {
+        listado.AgregarColumna(QStringLiteral("Cód. Barras"), 1400);
+        fields << QStringLiteral("Cod_Barras");
+    }
+    listado.AgregarColumna(QStringLiteral("Ref. Princip."), 1400);
+    fields << QStringLiteral("Ref");
+    for (size_t i = 0; i < m_tarifas.size(); ++i) {
+        listado.AgregarColumna(QStringLiteral("Tarifa ") + QString::number(m_tarifas[i].codigo), 1000, RightJustify);
+        fields << QStringLiteral("Pvp%1").arg(i + 1);
+    }
+    // The stock's heading wants more room on paper than the grid's narrow column gives it.
+    listado.AgregarColumna(QStringLiteral("Stock Alm ") + QString::number(Almacen()), 1100, RightJustify);
+    fields << QStringLiteral("Stock_Actual");
+    listado.setConsulta(m_ultimaInstruccion, fields);
+    return listado;
+}
+
+bool frmBusqueda_Articulos_2::Imprimir(enmDestination destino, const QString &impresora, const QString &fichero)
+{
+    if (m_ultimaInstruccion.isEmpty()) {
+        UiSeam::current().MsgBox(QStringLiteral("Haga primero una búsqueda: todavía no hay ningún listado que imprimir."),
+                                 UiSeam::vbExclamation, objectName() + QStringLiteral("::Imprimir"));
+        return false;
+    }
+    return modListados::Imprimir(Listado(), destino, impresora, fichero);
 }
 
 QString frmBusqueda_Articulos_2::tariffsStatement(qint16 empresa, qint16 almacen)
@@ -71,6 +131,7 @@ QString frmBusqueda_Articulos_2::statement(qint16 empresa, const FiltroArticulos
 {
     m_ultimaInstruccion = statement(empresa, Almacen(), {m_tarifas[0].codigo, m_tarifas[1].codigo, m_tarifas[2].codigo},
                                     filtro.condiciones(FiltroArticulos::Segunda));
+    m_ultimoCriterio = DevCriterio();
     return m_ultimaInstruccion;
 }
 

@@ -10,15 +10,23 @@
 
 #include "varnel_controles_export.h"
 
+#include "Enums.h"
 #include "frmBusqueda_Articulos.h"
 
 #include <array>
 
+class QPushButton;
+
 namespace Varnel_Controles {
+
+class clsListado;
 
 class VARNEL_CONTROLES_EXPORT frmBusqueda_Articulos_2 : public frmBusqueda_Articulos
 {
     Q_OBJECT
+    Q_PROPERTY(qint32 Destino READ Destino WRITE setDestino)
+    Q_PROPERTY(QString Impresora READ Impresora WRITE setImpresora)
+    Q_PROPERTY(QString Fichero READ Fichero WRITE setFichero)
 
 public:
     struct Tarifa
@@ -34,6 +42,28 @@ public:
     Q_INVOKABLE QString DevCriterio() const;
     /// The statement of the last search (empty before the first).
     QString UltimaInstruccion() const { return m_ultimaInstruccion; }
+    /// DevCriterio as it stood when the last search ran: the filters of the rows listed.
+    QString UltimoCriterio() const { return m_ultimoCriterio; }
+
+    /// The printed list of the last search: the title "Búsqueda de Artículos", the criteria of
+    /// that search (UltimoCriterio, whatever the boxes hold now), the grid's shown columns and its
+    /// rows, read again from the last statement as printing proceeds.
+    clsListado Listado() const;
+    /// Prints the list of the last search to `destino` (the printer by device name, the PDF file
+    /// for kdFichero); see modListados::Imprimir. Without a search the clerk is told there is
+    /// nothing to print. False when nothing was delivered.
+    bool Imprimir(enmDestination destino, const QString &impresora = QString(), const QString &fichero = QString());
+    /// Where the dialog's own Imprimir button (`cmdImprimir`) sends the list, as the host chose it
+    /// with kdDispositivo and kdImpresoras: the screen (a print preview) unless set. A value that
+    /// is no enmDestination (1-4) is refused with LegacyError 380. A failure of the button is told
+    /// to the clerk, never thrown.
+    qint32 Destino() const { return m_destino; }
+    void setDestino(qint32 value);
+    QString Impresora() const { return m_impresora; }
+    void setImpresora(const QString &value) { m_impresora = value; }
+    /// The PDF path for the file destination.
+    QString Fichero() const { return m_fichero; }
+    void setFichero(const QString &value) { m_fichero = value; }
     /// The warehouse's first three tariffs in ascending code, as read when the dialog opened.
     std::array<Tarifa, 3> Tarifas() const { return m_tarifas; }
 
@@ -52,6 +82,10 @@ protected:
 private:
     std::array<Tarifa, 3> m_tarifas{};
     QString m_ultimaInstruccion;
+    QString m_ultimoCriterio;
+    QPushButton *cmdImprimir;
+    enmDestination m_destino = kdPantalla;
+    QString m_impresora, m_fichero;
 };
 
 } // namespace Varnel_Controles

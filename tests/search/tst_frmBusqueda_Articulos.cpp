@@ -353,6 +353,12 @@ private slots:
         SearchGrid *grid = gridOf(&d);
         const int all = db.scalar("SELECT COUNT(*) FROM Articulos WHERE Cod_Empresa = 1").toInt();
         QVERIFY(grid->Rows() > grid->VisibleRows() && grid->Rows() <= qMax(25, 2 * grid->VisibleRows()));
+        Testing::ScriptedUi ui;
+        ui.cancelProgressAt(0); // Cancel at the first step: the thousand rows read stay, the last one current
+        const int shown = grid->Rows();
+        QTest::keyClick(grid, Qt::Key_End, Qt::ControlModifier);
+        QVERIFY(grid->Row() == shown + 999 && grid->Rows() < all && ui.progress.size() == 1);
+        ui.cancelProgressAt(-1);
         QTest::keyClick(grid, Qt::Key_End, Qt::ControlModifier);
         QCOMPARE(grid->Rows() * 10000 + grid->Row(), all * 10000 + all - 1);
     }

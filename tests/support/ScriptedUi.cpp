@@ -50,4 +50,22 @@ int ScriptedUi::ShowModal(QDialog &dialog)
     return dialog.result();
 }
 
+std::unique_ptr<Progreso> ScriptedUi::Progress(const QString &text, const QString &title, qint64 total)
+{
+    struct Recorded : Progreso
+    {
+        ScriptedUi &ui;
+        qsizetype index;
+        Recorded(ScriptedUi &u, qsizetype i) : ui(u), index(i) {}
+        bool avanzar(qint64 hechos) override
+        {
+            ui.progress[index].steps.append(hechos);
+            return ui.m_cancelAt < 0 || hechos < ui.m_cancelAt;
+        }
+        void setTotal(qint64 total) override { ui.progress[index].total = total; }
+    };
+    progress.append({text, title, total, {}});
+    return std::make_unique<Recorded>(*this, progress.size() - 1);
+}
+
 } // namespace Varnel_Controles::Testing
