@@ -120,6 +120,8 @@ Conexion::Conexion(Dialect dialect, const QString &connectionName, QObject *pare
 Conexion::~Conexion()
 {
     m_prepared.clear(); // the prepared reads go before their connections
+    for (const auto &[handle, check] : m_schemaChecks)
+        sqlite3_finalize(check.version);
     QStringList names{m_name};
     for (const Reader &reader : std::as_const(m_readers))
         names.prepend(reader.name);
@@ -137,6 +139,32 @@ Conexion::~Conexion()
 QSqlDatabase Conexion::database() const
 {
     return QSqlDatabase::database(m_name, false);
+}
+
+int Conexion::currentSchema(const QSqlDatabase &db)
+{
+    sqlite3 *handle = *static_cast<sqlite3 *const *>(db.driver()->handle().constData());
+    SchemaCheck &check = m_schemaChecks[handle];
+    int rc = check.version ? SQLITE_OK : sqlite3_prepare_v2(handle, "PRAGMA schema_version", -1, &check.version, nullptr);
+    int version = 0;
+    if (rc == SQLITE_OK) {
+        rc = sqlite3_step(check.version);
+        version = sqlite3_column_int(check.version, 0);
+        sqlite3_reset(check.version);
+    }
+    // A statement reading the schema table checks the handle's schema against the file's and
+    // reloads it when they differ.
+    if (rc == SQLITE_ROW && version != check.seen) {
+        rc = sqlite3_exec(handle, "SELECT 1 FROM sqlite_schema LIMIT 1", nullptr, nullptr, nullptr);
+        if (rc == SQLITE_OK) {
+            check.seen = version;
+            rc = SQLITE_ROW;
+        }
+    }
+    if (rc != SQLITE_ROW)
+        throw DbError::fromSql(QSqlError(QString(), QString::fromUtf8(sqlite3_errstr(rc)), QSqlError::StatementError,
+                                         QString::number(rc)));
+    return version;
 }
 
 QSqlDatabase Conexion::readDatabase()

@@ -12,11 +12,11 @@
 #include <QPointer>
 #include <QSqlDatabase>
 #include <QSqlQuery>
-#include <QSqlRecord>
 #include <QStringList>
 #include <QUrl>
 
 struct sqlite3;
+struct sqlite3_stmt;
 
 namespace Varnel_Controles {
 
@@ -154,16 +154,26 @@ private:
 
     // Forward-only reads prepared once (SQLite): by reading connection and statement text with
     // its literals as parameters; a recordset takes one while open and gives it back on close.
+    // SQLite prepares a statement again by itself when another connection changed the schema,
+    // but only at its first step, after the driver sized its row for the old columns: each
+    // handle reloads the schema before a read once its version moved, and a prepared read is
+    // kept with the version it was prepared under, dropped when the file's version differs.
     friend class Recordset;
     struct Prepared
     {
         QSqlQuery query;
-        QSqlRecord columns;
-        Prepared(QSqlQuery &&q, const QSqlRecord &r) : query(std::move(q)), columns(r) {}
-        Prepared(Prepared &&) = default;
-        Prepared &operator=(Prepared &&) = default;
+        int schema;
     };
     std::unordered_map<QString, std::vector<Prepared>> m_prepared;
+    struct SchemaCheck
+    {
+        sqlite3_stmt *version = nullptr; // "PRAGMA schema_version"
+        int seen = -1;                   // the version the handle's schema was loaded at
+    };
+    std::unordered_map<sqlite3 *, SchemaCheck> m_schemaChecks;
+    /// SQLite: the schema version of the file as `db` reads it now, the handle's schema brought up
+    /// to date first. Throws DbError when it cannot be read (the database locked past the wait).
+    int currentSchema(const QSqlDatabase &db);
 };
 
 } // namespace Varnel_Controles

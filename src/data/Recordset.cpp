@@ -82,10 +82,10 @@ QString parameterized(const QString &sql, QVariantList &values)
             i = j + 1;
         } else if ((c == u'-' || c == u'/') && i + 1 < n && sql.at(i + 1) == (c == u'-' ? u'-' : u'*')) {
             return QString();
-        } else if (c.isDigit() && (last == u'=' || last == u'<' || last == u'>')
+        } else if (c >= u'0' && c <= u'9' && (last == u'=' || last == u'<' || last == u'>')
                    && (out.isEmpty() || !word(out.back()))) {
             qsizetype j = i;
-            while (j < n && sql.at(j).isDigit())
+            while (j < n && sql.at(j) >= u'0' && sql.at(j) <= u'9')
                 ++j;
             if (j - i > 18 || (j < n && (word(sql.at(j)) || sql.at(j) == u'.'))) {
                 out += sql.mid(i, j - i);
@@ -164,21 +164,23 @@ void Recordset::open(const QString &tsql, Conexion *connection)
     // On SQLite the statement is prepared once per text with its literals as parameters: a
     // lookup then costs its execution only.
     QVariantList values;
-    const QString shape = connection->dialect() == Conexion::Sqlite ? parameterized(statement, values) : QString();
+    const bool sqlite = connection->dialect() == Conexion::Sqlite;
+    const QString shape = sqlite ? parameterized(statement, values) : QString();
+    m_preparedSchema = sqlite ? connection->currentSchema(db) : 0;
     bool done = false;
     if (!shape.isEmpty()) {
         m_preparedKey = db.connectionName() + u'\n' + shape;
         std::vector<Conexion::Prepared> &free = connection->m_prepared[m_preparedKey];
+        if (!free.empty() && free.back().schema != m_preparedSchema)
+            free.clear(); // prepared under another schema
         if (!free.empty()) {
             m_query = std::move(free.back().query);
-            m_columns = free.back().columns;
             free.pop_back();
             done = true;
         } else {
             m_query = QSqlQuery(db);
             m_query.setForwardOnly(true);
             done = m_query.prepare(shape); // else the text as it is, which reports its own error
-            m_columns = QSqlRecord();
         }
         for (qsizetype i = 0; done && i < values.size(); ++i)
             m_query.bindValue(int(i), values[i]);
@@ -198,13 +200,14 @@ void Recordset::open(const QString &tsql, Conexion *connection)
     m_connection = connection;
     m_cacheOwner = connection;
     m_mode = ForwardOnly;
-    if (m_columns.isEmpty())
-        m_columns = m_query.record(); // the names, once: building a record per field read is costly
+    m_columns = m_query.record(); // the names once per execution: a record per field read is costly
     m_atEnd = !m_query.next();
 }
 
 void Recordset::loadAll(const QString &adapted)
 {
+    if (m_connection->dialect() == Conexion::Sqlite)
+        m_connection->currentSchema(m_connection->database());
     QSqlQuery q(m_connection->database());
     q.setForwardOnly(true);
     if (!q.exec(adapted))
@@ -337,7 +340,7 @@ void Recordset::close()
             auto &cache = static_cast<Conexion *>(m_cacheOwner.data())->m_prepared;
             if (cache.size() > 256)
                 cache.clear();
-            cache[m_preparedKey].emplace_back(std::move(m_query), m_columns);
+            cache[m_preparedKey].push_back({std::move(m_query), m_preparedSchema});
         }
     }
     m_preparedKey.clear();

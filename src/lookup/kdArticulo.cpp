@@ -147,18 +147,22 @@ bool kdArticulo::resuelto(qint32 articulo, const QString &typed, Clave clave, co
     if (articulo == 0) {
         UiSeam &ui = UiSeam::current();
         const bool barras = clave == Clave::CodigoBarras;
-        QString motivo;
-        trapErrors(kValidar, [&] {
-            if (barras)
+        // A barcode no scanner could read is never created: the clerk is told why.
+        const auto legible = [&] {
+            QString motivo;
+            trapErrors(kValidar, [&] {
                 motivo = servicios().MotivoRechazo(texto);
-            return true;
-        });
-        if (!motivo.isEmpty()) {
-            ui.MsgBox(motivo, UiSeam::vbExclamation, kAtencion);
-        } else if (ui.MsgBox(barras ? QStringLiteral("El código de barras especificado no existe. ¿Desea crearlo?")
-                                    : QStringLiteral("La referencia especificada no existe. ¿Desea crearla?"),
-                             UiSeam::vbYesNo | UiSeam::vbQuestion, kAtencion)
-                   == UiSeam::vbYes) {
+                return true;
+            });
+            if (!motivo.isEmpty())
+                ui.MsgBox(motivo, UiSeam::vbExclamation, kAtencion);
+            return motivo.isEmpty();
+        };
+        if (ui.MsgBox(barras ? QStringLiteral("El código de barras especificado no existe. ¿Desea crearlo?")
+                             : QStringLiteral("La referencia especificada no existe. ¿Desea crearla?"),
+                      UiSeam::vbYesNo | UiSeam::vbQuestion, kAtencion)
+                == UiSeam::vbYes
+            && (!barras || legible())) {
             const ArticuloServicios::Alta alta{this, context().company(), texto,
                                                Legacy::CLng(Legacy::Val(m_articulo)), deProveedor,
                                                deProveedor ? qint32(m_proveedor) : m_cliente};

@@ -86,6 +86,8 @@ void kdLookup::Validar_Codigo(bool moverFoco)
 {
     if (!resolveEntry(moverFoco)) {
         m_modified = false;
+        if (moverFoco)
+            reclaimFocus(); // the clerk stays in the box, whatever dialog the entry opened
         return;
     }
     setExiste(false);
@@ -117,14 +119,19 @@ void kdLookup::Validar_Codigo(bool moverFoco)
     }
     m_modified = false;
     if (moveOn && moverFoco && m_keyEnterChangeFocus) {
-        // A dialog or message box of the validation may have taken the activation with it (the
-        // window system gives it back later): the Tab is this box's.
-        if (QApplication::focusWidget() != txtCodigo && isVisible()) {
-            QApplication::setActiveWindow(window());
-            txtCodigo->setFocus();
-        }
+        reclaimFocus(); // the Tab is this box's
         m_movingOn = true;
         modTeclas::MoveFocusNext();
+    }
+}
+
+// A dialog or message box of the validation may have taken the activation with it (the window
+// system gives it back later): the box takes the focus back now.
+void kdLookup::reclaimFocus()
+{
+    if (QApplication::focusWidget() != txtCodigo && isVisible()) {
+        QApplication::setActiveWindow(window());
+        txtCodigo->setFocus();
     }
 }
 

@@ -182,6 +182,7 @@ private:
     void onGotFocus();
     void onLostFocus();
     void openSearch();
+    void reclaimFocus();
     void layoutChildren();
 
     Texts m_texts;
