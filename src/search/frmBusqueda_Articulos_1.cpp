@@ -104,7 +104,11 @@ frmBusqueda_Articulos_1::frmBusqueda_Articulos_1(QWidget *parent)
             [this](const QModelIndex &current) {
                 if (Extendido() && m_model->rowCount() > 0 && current.isValid())
                     DevPropiedades(current.row());
+                else
+                    clearDetail();
             });
+    // Each search empties the grid first: the area is empty until a row is current again.
+    connect(m_model, &QAbstractItemModel::modelReset, this, &frmBusqueda_Articulos_1::clearDetail);
 }
 
 frmBusqueda_Articulos_1::~frmBusqueda_Articulos_1() = default;
@@ -157,13 +161,21 @@ QString frmBusqueda_Articulos_1::importe(double value)
     return value < 0 && digits != QLatin1String("0,00") ? u'-' + digits : digits;
 }
 
-// The detail area of grid row `row`: long description, stock, price and photo.
-void frmBusqueda_Articulos_1::DevPropiedades(int row)
+// No current article: amounts "0,00", no long description, no photo and nothing said of it.
+void frmBusqueda_Articulos_1::clearDetail()
 {
     for (QLabel *label : {lblStock, lblPendServir, lblDisponible, lblPendRecibir, lblPvp})
         label->setText(QStringLiteral("0,00"));
     paint(lblDisponible, kDarkRed);
     txtObserv->clear();
+    picFoto->clear();
+    lblFotoCargando->clear();
+}
+
+// The detail area of grid row `row`: long description, stock, price and photo.
+void frmBusqueda_Articulos_1::DevPropiedades(int row)
+{
+    clearDetail();
     const QString codeText = cell(row, 0);
     trapErrors(objectName() + QStringLiteral("::DevPropiedades"), [&] {
         const qint16 e = empresa();

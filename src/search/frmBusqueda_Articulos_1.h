@@ -8,7 +8,8 @@
 // normal tariff, a zero price never counting) and its photo (`picFoto`: the company's image
 // folder, the code and ".jpg"; "<<< Imagen no disponible >>>" in `lblFotoCargando` when there is
 // no readable picture). A database failure there is shown titled
-// "frmBusqueda_Articulos_1::DevPropiedades"; the grid stays usable.
+// "frmBusqueda_Articulos_1::DevPropiedades"; the grid stays usable. While no row is current (a
+// search that found nothing, or failed) the area is empty: amounts "0,00", no text, no photo.
 #pragma once
 
 #include "varnel_controles_export.h"
@@ -43,6 +44,7 @@ protected:
 
 private:
     void DevPropiedades(int row);
+    void clearDetail();
     double price(qint16 empresa, const QString &code);
     void showPhoto(const QString &code);
 

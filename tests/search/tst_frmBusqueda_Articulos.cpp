@@ -64,7 +64,7 @@ struct Search
 // The detail area: customer, article, rows set up, the statements after the search (M long
 // description, S stock, O own price, C customer's tariffs, Tn tariff n), what it shows (stock|to
 // serve|available|to receive|price|long description|photo label), the available quantity's
-// colour, the title of the message shown.
+// colour, the title of the message shown, a code searched after it that finds nothing.
 struct Detail
 {
     qint32 customer;
@@ -72,7 +72,7 @@ struct Detail
     QStringList setup, statements;
     QString shown;
     quint32 colour;
-    QString message = {};
+    QString message = {}, then = {};
 };
 
 std::unique_ptr<frmBusqueda_Articulos> dialog(int layout)
@@ -211,8 +211,9 @@ private slots:
             << Detail{1005, 4, {}, {"M", "S", "O", "C"}, "0,00|0,00|0,00|0,00|0,00||" + none, 192};
         QTest::newRow("a failure shown; the photo a folder") << Detail{1005, 4711, {"ALTER TABLE Almacen_Articulos RENAME TO "
             "X"}, {"M", "S"}, "0,00|0,00|0,00|0,00|0,00||" + none, 192, "frmBusqueda_Articulos_1::DevPropiedades"};
-        QTest::newRow("thousands; a photo") << Detail{1005, 1, {"UPDATE Almacen_Articulos SET Stock_Actual = 1254.5"},
-                                             {"M", "S", "O", "C"}, "1.254,50|20,00|1.234,50|5,00|0,00||", 0xC00000};
+        QTest::newRow("thousands; a photo; a search that finds nothing empties the area") << Detail{1005, 1,
+            {"UPDATE Almacen_Articulos SET Stock_Actual = 1254.5", "UPDATE Articulos SET Desc_Memo = 'LARGA' WHERE "
+             "Codigo = 1"}, {"M", "S", "O", "C"}, "1.254,50|20,00|1.234,50|5,00|0,00|LARGA|", 0xC00000, {}, "99999"};
     }
     void detailAreaShowsStockAndPrice()
     {
@@ -245,19 +246,27 @@ private slots:
                   + code + " AND Fecha_Inicial <=' " + today + "' AND Fecha_Final >=' " + today + "'"},
             {"C", "SELECT Tarifa_Pvp, Tarifa_Promoc FROM Clientes WHERE Cod_Empresa =1 AND Codigo =" + customer},
             {"T1", tariff.arg(1)}, {"T3", tariff.arg(3)}};
-        QStringList expected, shown;
+        QStringList expected;
         for (const QString &s : x.statements)
             expected << statements[s];
         QCOMPARE(db.statements.mid(2), expected);
-        for (const char *label : {"lblStock", "lblPendServir", "lblDisponible", "lblPendRecibir", "lblPvp"})
-            shown << text(&d, label);
-        shown << d.findChild<QPlainTextEdit *>("txtObserv")->toPlainText() << text(&d, "lblFotoCargando");
-        QCOMPARE(shown.join(u'|'), x.shown);
-        QCOMPARE(d.findChild<QLabel *>("picFoto")->pixmap().isNull(), !shown.last().isEmpty());
+        const auto shown = [&d] {
+            QStringList out;
+            for (const char *label : {"lblStock", "lblPendServir", "lblDisponible", "lblPendRecibir", "lblPvp"})
+                out << text(&d, label);
+            out << d.findChild<QPlainTextEdit *>("txtObserv")->toPlainText() << text(&d, "lblFotoCargando");
+            return out.join(u'|') + (d.findChild<QLabel *>("picFoto")->pixmap().isNull() ? "" : "|photo");
+        };
+        QCOMPARE(shown(), x.shown + (x.shown.endsWith('|') ? "|photo" : ""));
         QCOMPARE(d.findChild<QLabel *>("lblDisponible")->palette().color(QPalette::WindowText), LegacyColor::toQColor(x.colour));
         QCOMPARE(ui.messages.value(0).title + QString::number(ui.messages.size()), x.message + (x.message.isEmpty() ? "0" : "1"));
         QTest::keyClick(gridOf(&d), Qt::Key_Return); // the grid stays usable
         QCOMPARE(d.Codigo(), QString::number(x.article));
+        if (!x.then.isEmpty()) {
+            d.setBusqueda_Codigo(x.then);
+            d.Recuperar_Registros();
+            QCOMPARE(shown(), "0,00|0,00|0,00|0,00|0,00||");
+        }
     }
 
     // A clerk's search by the keys, in both layouts: F9, Enter from box to box until the
