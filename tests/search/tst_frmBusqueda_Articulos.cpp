@@ -49,14 +49,15 @@ const QString kLoad2 = QStringLiteral("SELECT a.Cod_Tarifa,b.Decimales FROM Alma
                                       "a.Cod_Almacen=%1 ORDER BY a.Cod_Tarifa");
 
 // A search of one layout: the filters preset, the conditions added, the rows listed (codes, or
-// whole rows when they hold a "|"), the grid's headers when given, rows set up before.
+// whole rows when they hold a "|"), the grid's headers when given, rows set up before; the
+// dialog first searched in warehouse `before` when not 0.
 struct Search
 {
     int layout = 1;
     QString descripcion, codigo, referencia;
     qint16 proveedor = 0, f1 = 0, f2 = 0, f3 = 0;
     bool extendido = false;
-    qint16 almacen = 1;
+    qint16 almacen = 1, before = 0;
     QString conditions;
     QStringList rows, headers = {}, setup = {};
 };
@@ -118,8 +119,8 @@ private slots:
                      "5|ÁGUILA DE BRONCE|6|62|621|||0|0|0|0", "6|aguja de coser|6|62|622|||0|0|0|0",
                      "7|ABANICO DE PAPEL|6|62|621|||0|0|0|0", "8|ABETO DE NAVIDAD|6|62|622|||0|0|0|0",
                      "4711|COLONIA FRESCA 100 ML|4|41|411|8470001234561||1,23457e+006|0|0|12,5"}};
-        QTest::newRow("2: a warehouse with one tariff") << Search{
-            .layout = 2, .descripcion = "COL", .almacen = 2, .conditions = " AND a.Descripcion LIKE 'COL%'",
+        QTest::newRow("2: a warehouse with one tariff, the dialog used before for another") << Search{
+            .layout = 2, .descripcion = "COL", .almacen = 2, .before = 1, .conditions = " AND a.Descripcion LIKE 'COL%'",
             .rows = {"4711|COLONIA FRESCA 100 ML|4|41|411|8470001234561||1,23457e+006|0|0|0"},
             .headers = {"Código", "Descripción", "", "", "", "Cód. Barras", "Ref. Princip.", "Tarifa 1", "Tarifa 0",
                         "Tarifa 0", "Stock Alm 2"}};
@@ -168,6 +169,10 @@ private slots:
             db.conexion()->execute(sql);
         const auto d = dialog(s.layout);
         d->setCEmpresa(db.empresa(1));
+        if (s.before != 0) {
+            d->setAlmacen(s.before);
+            d->Recuperar_Registros();
+        }
         for (const auto &[name, value] : {std::pair{"Almacen", QVariant(s.almacen)}, {"Extendido", s.extendido},
                                           {"Busqueda_Descripcion", s.descripcion}, {"Busqueda_Codigo", s.codigo},
                                           {"Busqueda_Referencia", s.referencia}, {"Busqueda_Proveedor", s.proveedor},
