@@ -6,8 +6,8 @@
 // less and dark blue above, `lblPendRecibir`), its price for the dialog's customer (`lblPvp`:
 // the customer's own price in force today, else the customer's promotional tariff, else the
 // normal tariff, a zero price never counting) and its photo (`picFoto`: the company's image
-// folder, the code and ".jpg"; "<<< Imagen no disponible >>>" in `lblFotoCargando` when there is
-// no readable picture). A database failure there is shown titled
+// folder, the code and ".jpg", a regular file of at most 20 MB; "<<< Imagen no disponible >>>" in
+// `lblFotoCargando` when there is no such readable picture). A database failure there is shown titled
 // "frmBusqueda_Articulos_1::DevPropiedades"; the grid stays usable. While no row is current (a
 // search that found nothing, or failed) the area is empty: amounts "0,00", no text, no photo.
 #pragma once

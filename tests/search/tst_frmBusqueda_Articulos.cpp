@@ -21,6 +21,7 @@
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QTemporaryDir>
+#include <sys/stat.h>
 
 using namespace Varnel_Controles;
 
@@ -202,7 +203,7 @@ private slots:
         const QString stock5 = "INSERT INTO Almacen_Articulos VALUES (1, 1, 5, %1, 5, 2)", tariff5 = "INSERT INTO "
             "Articulos_Tarifas VALUES (1, 5, 1, 3.5)", noOwn2 = "DELETE FROM Clientes_Art_PVP WHERE Cod_Articulo = 2";
         const QString none = "<<< Imagen no disponible >>>";
-        QTest::newRow("own price in force (first and last day today)") << Detail{1002, 5,
+        QTest::newRow("own price in force (first and last day today); the photo over 20 MB") << Detail{1002, 5,
             {own.arg(isoDay(0), isoDay(0)), stock5.arg(4), tariff5}, {"M", "S", "O"}, "4,00|5,00|-1,00|2,00|7,25||" + none, 192};
         QTest::newRow("own prices expired or not yet in force: the normal tariff") << Detail{1002, 5, {own.arg(isoDay(-30),
             isoDay(-1)), own.arg(isoDay(1), isoDay(30)), stock5.arg(6), tariff5}, {"M", "S", "O", "C", "T1"},
@@ -212,7 +213,7 @@ private slots:
         QTest::newRow("promotional price 0: the normal tariff") << Detail{1001, 2, {noOwn2, "UPDATE Articulos_Tarifas SET "
             "Pvp = 0 WHERE Cod_Articulo = 2 AND Cod_Tarifa = 3"}, {"M", "S", "O", "C", "T3", "T1"},
             "3,00|3,00|0,00|0,00|12,50|JUGUETE|" + none, 192};
-        QTest::newRow("no price at all; no stock row")
+        QTest::newRow("no price at all; no stock row; the photo a named pipe")
             << Detail{1005, 4, {}, {"M", "S", "O", "C"}, "0,00|0,00|0,00|0,00|0,00||" + none, 192};
         QTest::newRow("a failure shown; the photo a folder") << Detail{1005, 4711, {"ALTER TABLE Almacen_Articulos RENAME TO "
             "X"}, {"M", "S"}, "0,00|0,00|0,00|0,00|0,00||" + none, 192, "frmBusqueda_Articulos_1::DevPropiedades"};
@@ -227,12 +228,15 @@ private slots:
         Testing::ScriptedUi ui;
         for (const QString &sql : x.setup)
             db.conexion()->execute(sql);
-        QTemporaryDir photos; // 1 a picture, 2 not a picture, 4711 a folder, the others missing
-        QImage photo(40, 30, QImage::Format_RGB32);
+        QTemporaryDir photos; // 1 a picture, 2 not a picture, 4 a named pipe, 5 a picture over 20 MB,
+        QImage photo(40, 30, QImage::Format_RGB32); // 4711 a folder, the others missing
         photo.fill(Qt::darkCyan);
         QFile notAPicture(photos.filePath("2.jpg"));
         QVERIFY(photo.save(photos.filePath("1.jpg"), "JPG") && QDir(photos.path()).mkdir("4711.jpg")
-                && notAPicture.open(QIODevice::WriteOnly) && notAPicture.write("no es una imagen") > 0);
+                && notAPicture.open(QIODevice::WriteOnly) && notAPicture.write("no es una imagen") > 0
+                && ::mkfifo(QFile::encodeName(photos.filePath("4.jpg")).constData(), 0600) == 0
+                && QFile::copy(photos.filePath("1.jpg"), photos.filePath("5.jpg"))
+                && QFile::resize(photos.filePath("5.jpg"), 20 * 1024 * 1024 + 1));
         notAPicture.close();
         db.conexion()->execute("UPDATE Empresas SET DirImagenArt = '" + photos.path() + "/' WHERE Codigo = 1");
         frmBusqueda_Articulos_1 d;
