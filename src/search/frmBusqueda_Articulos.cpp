@@ -87,6 +87,12 @@ frmBusqueda_Articulos::frmBusqueda_Articulos(const QString &name, const QString 
 
     auto *f9 = new QShortcut(QKeySequence(Qt::Key_F9), this);
     connect(f9, &QShortcut::activated, this, &frmBusqueda_Articulos::onF9);
+    connect(txtNombre, &kdTextBox::KeyDown, this, [this](qint16 &keyCode, qint16 &) {
+        if (keyCode == KeyCodes::vbKeyDown && m_model->rowCount() > 0) {
+            focusGrid();
+            keyCode = 0;
+        }
+    });
     connect(txtReferencia, &kdTextBox::KeyPress, this, [this](qint16 &keyAscii) {
         if (keyAscii == 13) {
             keyAscii = 0;

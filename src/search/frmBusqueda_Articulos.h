@@ -7,7 +7,8 @@
 // Searching: F9 anywhere in the dialog (or, while the filter frame is hidden, F9 shows it and
 // puts the focus in txtNombre), Enter in txtReferencia, and Enter leaving the family picker.
 // When the caller preset any filter, the search runs once as the dialog is first shown. Rows
-// come 25 at a time as the grid needs them; Up on the first row goes back to txtNombre.
+// come 25 at a time as the grid needs them; Up on the first row goes back to txtNombre, and
+// Down in txtNombre goes to the grid's first row when it has rows.
 // Accept stores the current row's code and description, then hides the dialog (nothing happens
 // without a current row); Cancel empties the code, then hides it.
 //

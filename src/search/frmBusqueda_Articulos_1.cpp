@@ -121,6 +121,7 @@ frmBusqueda_Articulos_1::frmBusqueda_Articulos_1(QWidget *parent)
     m_layout->insertWidget(m_layout->indexOf(vsListado) + 1, fraExtendido);
     fraExtendido->setVisible(false);
     paint(lblDisponible, kDarkRed);
+    setEndGoesToLastRead(true);
     resize(720, 620);
 
     connect(vsListado->selectionModel(), &QItemSelectionModel::currentRowChanged, this,

@@ -1,5 +1,6 @@
 // First article search: articles of the company by description, code, supplier reference,
-// supplier and families, listed by description with their principal barcode. In extended mode
+// supplier and families, listed by description with their principal barcode. End and Ctrl+End
+// go to the last row read (a page is read beyond it: the scrollbar shows when more exist). In extended mode
 // the description filter also searches the long description, and the detail area
 // (`fraExtendido`) shows the current article: its long description (`txtObserv`), its stock in
 // the dialog's warehouse (`lblStock`, `lblPendServir`, `lblDisponible` in dark red when 0 or

@@ -20,6 +20,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QScrollBar>
 #include <QTemporaryDir>
 #include <sys/stat.h>
 
@@ -304,7 +305,10 @@ private slots:
         QTest::keyClicks(focus(), "nan");
         QTest::keyClick(focus(), Qt::Key_F9);
         QCOMPARE(focus(), gridOf(d.get())); // searched
-        QTest::keyClick(focus(), Qt::Key_Up); // from the first row back to the description, selected
+        QTest::keyClick(focus(), Qt::Key_Up); // from the first row back to the description; Down goes back
+        QTest::keyClick(focus(), Qt::Key_Down);
+        QCOMPARE(focus()->objectName() + QString::number(gridOf(d.get())->Row()), "vsListado0");
+        QTest::keyClick(focus(), Qt::Key_Up);
         QCOMPARE(focus()->parentWidget(), name);
         QCOMPARE(name->SelLength(), 3);
         enter(); // to the code
@@ -353,7 +357,8 @@ private slots:
     // On a demo catalogue: a description prefix seeks its index (as the SQLite dialect runs the
     // statement), the first layout reading it in order, the second sorting only the codes found;
     // the second layout's first screen holds a page beyond what it shows (scrolling reads on, as
-    // in every search), Ctrl+End reads to the end.
+    // in every search), Ctrl+End reads to the end; in the first layout End and Ctrl+End go to the
+    // last row read, a page read beyond it.
     void onADemoCatalogue()
     {
         Testing::TestDatabase db(3000);
@@ -373,6 +378,18 @@ private slots:
         QVERIFY(grid->Rows() > grid->VisibleRows() && grid->Rows() <= qMax(25, 2 * grid->VisibleRows()));
         QTest::keyClick(grid, Qt::Key_End, Qt::ControlModifier);
         QCOMPARE(grid->Rows() * 10000 + grid->Row(), all * 10000 + all - 1);
+        frmBusqueda_Articulos_1 d1;
+        d1.setCEmpresa(db.empresa(1));
+        QVERIFY(Testing::showActive(d1));
+        QTest::keyClick(&d1, Qt::Key_F9);
+        grid = gridOf(&d1);
+        for (const auto modifier : {Qt::NoModifier, Qt::ControlModifier}) {
+            const int read = grid->Rows();
+            QTest::keyClick(grid, Qt::Key_End, modifier);
+            QVERIFY2(grid->Row() == read - 1 && grid->Rows() > read && grid->Rows() < all
+                         && grid->verticalScrollBar()->value() < grid->verticalScrollBar()->maximum(),
+                     qPrintable(QStringLiteral("%1 %2 %3").arg(read).arg(grid->Row()).arg(grid->Rows())));
+        }
     }
 };
 
