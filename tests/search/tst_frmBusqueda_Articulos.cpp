@@ -311,9 +311,27 @@ private slots:
         QTest::keyClick(focus(), Qt::Key_Up);
         QCOMPARE(focus()->parentWidget(), name);
         QCOMPARE(name->SelLength(), 3);
+        const auto where = [&] { // the filter (or the grid) holding the focus
+            QWidget *w = focus();
+            while (w->parentWidget() && w->parentWidget()->objectName() != "fraFiltro")
+                w = w->parentWidget();
+            return w->parentWidget() ? w->objectName() : focus()->objectName();
+        };
         enter(); // to the code
         QTest::keyClicks(focus(), "3");
-        enter(); // to the supplier
+        enter(); // to the family picker, whose empty first level searches
+        QCOMPARE(where(), "txtFamilia");
+        enter();
+        QCOMPARE(listed(d.get(), false) << where(), (QStringList{"3", "vsListado"}));
+        QTest::keyClick(focus(), Qt::Key_Up);
+        QStringList walked; // Tab walks the filters in the same order, top to bottom
+        for (int i = 0; i < 5; ++i) {
+            QTest::keyClick(focus(), Qt::Key_Tab);
+            walked << where();
+        }
+        QCOMPARE(walked.join(u' '), "txtCodigo txtFamilia txtProveedor txtReferencia vsListado");
+        QTest::keyClick(focus(), Qt::Key_Backtab);
+        QTest::keyClick(focus(), Qt::Key_Backtab); // back to the supplier
         QTest::keyClicks(focus(), "1");
         enter(); // to the reference
         QTest::keyClicks(focus(), "shared");
