@@ -373,14 +373,19 @@ private slots:
     }
 
     // On a demo catalogue: a description prefix seeks its index (as the SQLite dialect runs the
-    // statement), the first layout reading it in order, the second sorting only the codes found;
-    // the second layout's first screen holds a page beyond what it shows (scrolling reads on, as
-    // in every search), Ctrl+End reads to the end; in the first layout End and Ctrl+End go to the
-    // last row read, a page read beyond it.
+    // statement; in extended mode the long description's too), the first layout reading it in
+    // order, the second sorting only the codes found; the second layout's first screen holds a
+    // page beyond what it shows (scrolling reads on, as in every search), Ctrl+End reads to the
+    // end; in the first layout End and Ctrl+End go to the last row read, a page read beyond it.
     void onADemoCatalogue()
     {
         Testing::TestDatabase db(3000);
-        const FiltroArticulos filter{.descripcion = "TORN"};
+        const FiltroArticulos filter{.descripcion = "TORN"}, extended{.descripcion = "TORN", .extendido = true};
+        const QString plan = db.rows("EXPLAIN QUERY PLAN " + db.conexion()->adapt(frmBusqueda_Articulos_1::statement(1,
+                                     extended.condiciones(FiltroArticulos::Primera)))).join(u'\n');
+        QVERIFY2(plan.contains("MULTI-INDEX OR") && !plan.contains("SCAN a") // the long description too: both seek
+                     && plan.contains("IX_Articulos_Descripcion (Cod_Empresa=? AND Descripcion>? AND Descripcion<?)")
+                     && plan.contains("IX_Articulos_Desc_Memo (Cod_Empresa=? AND Desc_Memo>? AND Desc_Memo<?)"), qPrintable(plan));
         for (const QString &sql : {frmBusqueda_Articulos_1::statement(1, filter.condiciones(FiltroArticulos::Primera)),
                                    frmBusqueda_Articulos_2::statement(1, 1, {1, 2, 3}, filter.condiciones(FiltroArticulos::Segunda))}) {
             const QString plan = db.rows("EXPLAIN QUERY PLAN " + db.conexion()->adapt(sql)).join(u'\n');
