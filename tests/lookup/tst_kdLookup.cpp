@@ -240,7 +240,6 @@ private slots:
         int enters = 0;
         connect(picker, &kdFamilia::KeyPress, picker, [&](qint16 &k) { enters += k == 13; });
         QStandardItemModel bound(1, 1); // a host form's mapper commits level 1 as the focus leaves the picker
-        bound.setData(bound.index(0, 0), 0);
         QDataWidgetMapper mapper;
         mapper.setModel(&bound);
         mapper.addMapping(picker, 0);
@@ -265,8 +264,7 @@ private slots:
         QCOMPARE(enters, p.enters);
         const QWidget *focus = QApplication::focusWidget();
         QCOMPARE(focus == after ? "after" : focus == before ? "before" : focus->objectName().right(1), p.focus);
-        if (p.focus == "after" || p.focus == "before")
-            QCOMPARE(bound.index(0, 0).data().toInt(), picker->Familia_1());
+        QVERIFY((focus != after && focus != before) || bound.index(0, 0).data().toInt() == picker->Familia_1());
         QCOMPARE(picker->findChild<QWidget *>("txtFamilia2")->isEnabled(), picker->Familia_1() != 0); // only under a chosen one
         db.statements.clear(); // the company's titles, "Grupo" for the level it gives none
         QVERIFY(picker->Cargar());

@@ -41,24 +41,6 @@ private slots:
         QCOMPARE(topAsked, added);
         QCOMPARE(model.rowCount(), qMin(14, available) + added);
     }
-
-    // Every cell comes back as it was added, whatever its text or size and however many cells
-    // its row has; a clear forgets them all.
-    void cellsComeBackAsAdded()
-    {
-        const QList<QStringList> rows{{"1", "ÑANDÚ\tDE PELUCHE", "", "€ 12,5"}, {"2"}, {QString(1 << 20, u'x'), "tras"},
-                                      {"𝄞", QString(), "ü"}};
-        PagedRecordsetModel model(4, 25);
-        for (int round = 0; round < 2; ++round) {
-            model.clear();
-            for (const QStringList &row : rows)
-                model.addItem(row);
-            for (int r = 0; r < rows.size(); ++r)
-                for (int c = 0; c < 5; ++c)
-                    QCOMPARE(model.cell(r, c), rows[r].value(c));
-        }
-        QCOMPARE(model.rowCount() * 10 + model.cell(4, 0).size() + model.cell(-1, 0).size(), 40);
-    }
 };
 
 QTEST_GUILESS_MAIN(tst_PagedRecordsetModel)
