@@ -133,6 +133,7 @@ CREATE TABLE Articulos (
     CONSTRAINT PK_Articulos PRIMARY KEY (Cod_Empresa, Codigo)         -- lookup, next free code
 );
 CREATE INDEX IX_Articulos_Descripcion ON Articulos (Cod_Empresa, Descripcion); -- search by description
+CREATE INDEX IX_Articulos_Desc_Memo ON Articulos (Cod_Empresa, Desc_Memo);     -- … and long description
 
 CREATE TABLE Articulos_Ref (
     Cod_Empresa  INTEGER    NOT NULL,

@@ -131,6 +131,7 @@ CREATE TABLE Articulos (
     CONSTRAINT PK_Articulos PRIMARY KEY (Cod_Empresa, Codigo)         -- lookup, next free code
 );
 CREATE INDEX IX_Articulos_Descripcion ON Articulos (Cod_Empresa, Descripcion); -- search by description
+-- No index on Desc_Memo here: a VARCHAR(MAX) column cannot be an index key on SQL Server.
 
 CREATE TABLE Articulos_Ref (
     Cod_Empresa  SMALLINT    NOT NULL,

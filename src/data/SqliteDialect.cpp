@@ -12,6 +12,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstring>
+#include <limits>
 #include <sqlite3.h>
 #include <vector>
 
@@ -534,23 +535,28 @@ bool isIntegerCode(const QString &column)
 }
 
 // The integers whose decimal text starts with `prefix`: prefix, prefix0-prefix9,
-// prefix00-prefix99 … up to 18 digits, as ranges of `column` joined by OR. Empty when no
-// integer can match (a prefix that is not digits, or "0" followed by more).
+// prefix00-prefix99 … as ranges of `column` joined by OR, up to the largest value a 64-bit
+// integer column holds (the last range cut there). Empty when no integer can match (a prefix
+// that is not digits, "0" followed by more, or a number beyond that largest value).
 QString integerRanges(const QString &column, const QString &prefix)
 {
-    bool digits = !prefix.isEmpty() && prefix.size() <= 18;
+    constexpr qint64 kLargest = std::numeric_limits<qint64>::max();
+    bool digits = !prefix.isEmpty() && prefix.size() <= 19;
     for (QChar c : prefix)
         digits = digits && c.isDigit() && c.unicode() < 0x80;
     if (!digits || (prefix.size() > 1 && prefix.startsWith(u'0')))
         return {};
+    bool fits = false;
+    qint64 low = prefix.toLongLong(&fits), high = low;
+    if (!fits)
+        return {};
     QStringList ranges;
-    qint64 low = prefix.toLongLong(), high = low;
-    for (qsizetype length = prefix.size(); length <= 18; ++length) {
+    for (;;) {
         ranges << QStringLiteral("%1 BETWEEN %2 AND %3").arg(column).arg(low).arg(high);
-        if (low == 0)
+        if (low == 0 || low > kLargest / 10)
             break;
         low *= 10;
-        high = high * 10 + 9;
+        high = high > (kLargest - 9) / 10 ? kLargest : high * 10 + 9;
     }
     return u'(' + ranges.join(QLatin1String(" OR ")) + u')';
 }

@@ -69,6 +69,8 @@ kdFamilia::kdFamilia(QWidget *parent)
     }
     grid->setColumnStretch(2, 1);
     setInnerField(level(1).codigo);
+    addInnerField(level(2).codigo); // the focus leaving any level for outside the picker leaves it
+    addInnerField(level(3).codigo);
     updateAvailability();
 }
 
@@ -122,6 +124,10 @@ void kdFamilia::setFamilia(int nivel, qint16 value)
     if (!Disponible(nivel))
         value = 0; // a level below an empty one is ignored
     Level &l = level(nivel);
+    // The family the level already holds, found: nothing changes (a form's mapper writes back
+    // the value it has just read, and the levels below must stay).
+    if (value != 0 && value == Familia(nivel) && !l.modified && !l.texto.isEmpty())
+        return;
     m_settingText = true;
     l.codigo->setText(value != 0 ? QString::number(value) : QString());
     m_settingText = false;

@@ -13,6 +13,8 @@
 // when it leaves level 3 or a level whose next level is unavailable. Up arrow goes back a level,
 // and from level 1 to the previous control when KeyUpChangeFocus is True. F3 on an available
 // level opens frmBusqueda_Familias over that level's families; the choice fills the level.
+// The focus leaving the picker from any level reaches it as a FocusOut (a form's
+// QDataWidgetMapper commits Familia_1 then); a move between its levels does not.
 // Database failures are shown in a critical message titled "kdFamilia::Cargar".
 #pragma once
 
@@ -51,7 +53,8 @@ public:
 
     /// The code of each level, 0 when not chosen (a level whose level above is 0 is 0 too).
     /// Setting a level empties the levels below it and, once a company object was given, shows
-    /// the family's description (or "FAMILIA INEXISTENTE"); setting 0 empties the level.
+    /// the family's description (or "FAMILIA INEXISTENTE"); setting 0 empties the level. Setting
+    /// the family a level already shows, found, changes nothing (a mapper writing it back).
     qint16 Familia_1() const { return Familia(1); }
     void setFamilia_1(qint16 value) { setFamilia(1, value); }
     qint16 Familia_2() const { return Familia(2); }

@@ -59,6 +59,13 @@ void UserControl::setInnerField(QWidget *field)
     nameInnerField();
 }
 
+void UserControl::addInnerField(QWidget *field)
+{
+    m_otherFields << field;
+    field->installEventFilter(this);
+    connect(field, &QObject::destroyed, this, [this, field] { m_otherFields.removeAll(field); });
+}
+
 QString UserControl::accessibleFieldName() const
 {
     if (!accessibleName().isEmpty())
@@ -104,10 +111,14 @@ bool UserControl::event(QEvent *event)
 
 bool UserControl::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == m_innerField) {
-        if (event->type() == QEvent::FocusIn) {
-            nameInnerField();
-        } else if (event->type() == QEvent::FocusOut) {
+    if (watched == m_innerField && event->type() == QEvent::FocusIn)
+        nameInnerField();
+    if (event->type() == QEvent::FocusOut && watched->isWidgetType()
+        && (watched == m_innerField || m_otherFields.contains(static_cast<QWidget *>(watched)))) {
+        // Qt has already made the widget that takes the focus the focus widget (none when the
+        // window is left): inside the control, the focus has not left it.
+        const QWidget *to = QApplication::focusWidget();
+        if (!to || (to != this && !isAncestorOf(to))) {
             QFocusEvent out(QEvent::FocusOut, static_cast<QFocusEvent *>(event)->reason());
             QCoreApplication::sendEvent(this, &out);
         }

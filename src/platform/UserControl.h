@@ -50,9 +50,14 @@ protected:
     void writeFont(PropertyBag &bag, const QFont &font) const;
     void changeEvent(QEvent *event) override;
     /// Takes `field` as the inner field that holds the focus for the control. It is named for
-    /// assistive technology after the control (see accessibleFieldName), and its focus changes
-    /// reach the control too, so that item delegates and QDataWidgetMapper commit on them.
+    /// assistive technology after the control (see accessibleFieldName), and the focus leaving
+    /// it for a widget outside the control reaches the control as a FocusOut, so that item
+    /// delegates and QDataWidgetMapper commit on it.
     void setInnerField(QWidget *field);
+    /// A further field of the control that takes the focus (a level of the family picker): the
+    /// focus leaving it for a widget outside the control reaches the control too. A move
+    /// between the control's own fields is not leaving it.
+    void addInnerField(QWidget *field);
     /// The inner field's accessible name: the control's accessible name, else the text of the
     /// label whose buddy it is, else the control's object name.
     QString accessibleFieldName() const;
@@ -67,6 +72,7 @@ private:
 
     bool m_enabled = true;
     QWidget *m_innerField = nullptr;
+    QList<QWidget *> m_otherFields; // addInnerField
     QLabel *m_relationLabel = nullptr; // hidden: the inner field's label for assistive technology
 };
 

@@ -4,6 +4,12 @@
 
 namespace Varnel_Controles {
 
+namespace {
+
+constexpr size_t kBlockBytes = size_t(1) << 20;
+
+} // namespace
+
 PagedRecordsetModel::PagedRecordsetModel(int columns, int pageSize, QObject *parent)
     : QAbstractTableModel(parent), m_columns(columns), m_pageSize(pageSize)
 {
@@ -14,7 +20,10 @@ PagedRecordsetModel::PagedRecordsetModel(int columns, int pageSize, QObject *par
 void PagedRecordsetModel::clear()
 {
     beginResetModel();
-    m_rows.clear();
+    m_blocks = {};
+    m_rowStart = {};
+    m_rowFirstCell = {};
+    m_cellEnd = {};
     endResetModel();
     m_lastTopRow = 0;
 }
@@ -72,17 +81,41 @@ int PagedRecordsetModel::scrolled(int topRow)
 
 void PagedRecordsetModel::addItem(const QStringList &cells)
 {
-    const int row = int(m_rows.size());
+    QByteArray text;
+    std::vector<quint32> ends;
+    ends.reserve(size_t(cells.size()));
+    for (const QString &c : cells) {
+        text += c.toUtf8();
+        ends.push_back(quint32(text.size()));
+    }
+    // A row stays in one block: a new block when it does not fit (one of its own when larger).
+    if (m_blocks.empty() || m_blocks.back().capacity() - m_blocks.back().size() < size_t(text.size())) {
+        m_blocks.emplace_back();
+        m_blocks.back().reserve(qMax(kBlockBytes, size_t(text.size())));
+    }
+    std::vector<char> &block = m_blocks.back();
+    const int row = rowCount();
     beginInsertRows({}, row, row);
-    m_rows << cells;
+    if (m_rowFirstCell.empty())
+        m_rowFirstCell.push_back(0);
+    m_rowStart.push_back(quint64(m_blocks.size() - 1) << 32 | quint64(block.size()));
+    block.insert(block.end(), text.cbegin(), text.cend());
+    m_cellEnd.insert(m_cellEnd.end(), ends.cbegin(), ends.cend());
+    m_rowFirstCell.push_back(quint32(m_cellEnd.size()));
     endInsertRows();
 }
 
 QString PagedRecordsetModel::cell(int row, int column) const
 {
-    if (row < 0 || row >= m_rows.size() || column < 0 || column >= m_rows[row].size())
+    if (row < 0 || row >= rowCount() || column < 0)
         return QString();
-    return m_rows[row][column];
+    const size_t first = m_rowFirstCell[size_t(row)];
+    if (column >= qint64(m_rowFirstCell[size_t(row) + 1] - first))
+        return QString();
+    const quint32 from = column == 0 ? 0 : m_cellEnd[first + size_t(column) - 1], to = m_cellEnd[first + size_t(column)];
+    const quint64 start = m_rowStart[size_t(row)];
+    const char *text = m_blocks[size_t(start >> 32)].data() + (start & 0xFFFFFFFFu);
+    return QString::fromUtf8(text + from, qsizetype(to - from));
 }
 
 void PagedRecordsetModel::setColumnAlignment(int column, Qt::Alignment alignment)
@@ -110,7 +143,7 @@ QVariant PagedRecordsetModel::headerData(int section, Qt::Orientation orientatio
 
 int PagedRecordsetModel::rowCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : int(m_rows.size());
+    return parent.isValid() ? 0 : int(m_rowStart.size());
 }
 
 int PagedRecordsetModel::columnCount(const QModelIndex &parent) const

@@ -269,8 +269,8 @@ void frmBusqueda::onGridKeyDown(qint16 &keyCode, qint16 &shift)
         keyCode = 0;
     } else if (keyCode == KeyCodes::vbKeyPageDown) {
         readMore([this] { m_model->pageDown(vsListado->Row(), [this] { return vsListado->TopRow(); }); });
-    } else if (keyCode == KeyCodes::vbKeyEnd && m_readsToEnd) {
-        readToEnd(shift & KeyCodes::CtrlMask);
+    } else if (keyCode == KeyCodes::vbKeyEnd && (m_readsToEnd || m_endGoesToLastRead)) {
+        readToEnd(m_readsToEnd && (shift & KeyCodes::CtrlMask));
         keyCode = 0;
     }
 }

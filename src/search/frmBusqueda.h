@@ -89,6 +89,9 @@ protected:
     /// End goes to the last row read and Ctrl+End reads every row left and goes to the last
     /// (a grid that fetches as it is scrolled). By default they are the grid's own keys.
     void setReadsToEnd(bool value) { m_readsToEnd = value; }
+    /// End and Ctrl+End go to the last row read (the view then reads a page beyond it, so the
+    /// scrollbar shows that more rows exist), reading nothing more. By default the grid's own keys.
+    void setEndGoesToLastRead(bool value) { m_endGoesToLastRead = value; }
 
     /// The dialog's layout: the filters go before the grid, details after it.
     QVBoxLayout *m_layout;
@@ -120,6 +123,7 @@ private:
     bool m_adding = false; // rows are being added: scroll notifications are not user scrolls
     bool m_storesResultFirst = false;
     bool m_readsToEnd = false;
+    bool m_endGoesToLastRead = false;
 };
 
 } // namespace Varnel_Controles

@@ -36,9 +36,9 @@ frmBusqueda_Articulos::frmBusqueda_Articulos(const QString &name, const QString 
     , fraFiltro(new QFrame(this))
     , txtNombre(new kdTextBox(fraFiltro))
     , txtCodigo(new kdTextBox(fraFiltro))
+    , txtFamilia(new kdFamilia(fraFiltro))
     , txtProveedor(new kdProveedor(fraFiltro))
     , txtReferencia(new kdTextBox(fraFiltro))
-    , txtFamilia(new kdFamilia(fraFiltro))
 {
     fraFiltro->setObjectName(QStringLiteral("fraFiltro"));
     fraFiltro->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
@@ -47,7 +47,8 @@ frmBusqueda_Articulos::frmBusqueda_Articulos(const QString &name, const QString 
     txtProveedor->setObjectName(QStringLiteral("txtProveedor"));
     txtReferencia->setObjectName(QStringLiteral("txtReferencia"));
     txtFamilia->setObjectName(QStringLiteral("txtFamilia"));
-    // Enter moves from box to box; in the reference and leaving the families it searches.
+    // Enter moves from box to box in the frame's order (the focus order, as they were created);
+    // in the reference, the last, and leaving the families it searches.
     txtReferencia->setKeyEnterChangeFocus(false);
     txtFamilia->setKeyEnterChangeFocus(false);
     txtProveedor->setVital(false);
@@ -62,14 +63,14 @@ frmBusqueda_Articulos::frmBusqueda_Articulos(const QString &name, const QString 
     grid->addWidget(txtNombre, 0, 1, 1, 3);
     grid->addWidget(caption(QStringLiteral("Códi&go:"), txtCodigo, fraFiltro), 1, 0);
     grid->addWidget(txtCodigo, 1, 1);
-    grid->addWidget(caption(QStringLiteral("&Referencia:"), txtReferencia, fraFiltro), 1, 2);
-    grid->addWidget(txtReferencia, 1, 3);
-    grid->addWidget(caption(QStringLiteral("&Proveedor:"), txtProveedor, fraFiltro), 2, 0);
-    grid->addWidget(txtProveedor, 2, 1, 1, 3);
     auto *familias = caption(QStringLiteral("&Familia:"), txtFamilia, fraFiltro);
     familias->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    grid->addWidget(familias, 3, 0);
-    grid->addWidget(txtFamilia, 3, 1, 1, 3);
+    grid->addWidget(familias, 2, 0);
+    grid->addWidget(txtFamilia, 2, 1, 1, 3);
+    grid->addWidget(caption(QStringLiteral("&Proveedor:"), txtProveedor, fraFiltro), 3, 0);
+    grid->addWidget(txtProveedor, 3, 1, 1, 3);
+    grid->addWidget(caption(QStringLiteral("&Referencia:"), txtReferencia, fraFiltro), 4, 0);
+    grid->addWidget(txtReferencia, 4, 1);
     auto *hint = new QLabel(QStringLiteral("F9: buscar"), fraFiltro);
     hint->setObjectName(QStringLiteral("lblF9"));
     grid->addWidget(hint, 4, 3, Qt::AlignRight);
@@ -87,6 +88,12 @@ frmBusqueda_Articulos::frmBusqueda_Articulos(const QString &name, const QString 
 
     auto *f9 = new QShortcut(QKeySequence(Qt::Key_F9), this);
     connect(f9, &QShortcut::activated, this, &frmBusqueda_Articulos::onF9);
+    connect(txtNombre, &kdTextBox::KeyDown, this, [this](qint16 &keyCode, qint16 &) {
+        if (keyCode == KeyCodes::vbKeyDown && m_model->rowCount() > 0) {
+            focusGrid();
+            keyCode = 0;
+        }
+    });
     connect(txtReferencia, &kdTextBox::KeyPress, this, [this](qint16 &keyAscii) {
         if (keyAscii == 13) {
             keyAscii = 0;

@@ -4,10 +4,14 @@
 // article lookup sets before showing the dialog and reads back after it (the filters as the
 // clerk left them); the chosen article's code and description as text.
 //
+// The frame shows, top to bottom, the description, the code, the family picker, the supplier and
+// the reference; Tab and Enter walk them in that order (Enter through the family's levels):
+// Enter leaving the family picker searches, and so does Enter in txtReferencia, the last filter.
 // Searching: F9 anywhere in the dialog (or, while the filter frame is hidden, F9 shows it and
 // puts the focus in txtNombre), Enter in txtReferencia, and Enter leaving the family picker.
 // When the caller preset any filter, the search runs once as the dialog is first shown. Rows
-// come 25 at a time as the grid needs them; Up on the first row goes back to txtNombre.
+// come 25 at a time as the grid needs them; Up on the first row goes back to txtNombre, and
+// Down in txtNombre goes to the grid's first row when it has rows.
 // Accept stores the current row's code and description, then hides the dialog (nothing happens
 // without a current row); Cancel empties the code, then hides it.
 //
@@ -142,11 +146,12 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
     QFrame *fraFiltro;
+    // In the order of the frame, top to bottom, which is the focus order (created in it).
     kdTextBox *txtNombre;
     kdTextBox *txtCodigo;
+    kdFamilia *txtFamilia;
     kdProveedor *txtProveedor;
     kdTextBox *txtReferencia;
-    kdFamilia *txtFamilia;
 
 private:
     void onF9();

@@ -10,6 +10,9 @@
 #include "search/PagedRecordsetModel.h"
 #include "search/SearchGrid.h"
 
+#include <QBuffer>
+#include <QFile>
+#include <QFileInfo>
 #include <QFrame>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -25,6 +28,7 @@ namespace {
 
 constexpr quint32 kDarkRed = 192;       // 0x0000C0: RGB 192, 0, 0
 constexpr quint32 kDarkBlue = 0xC00000; // RGB 0, 0, 192
+constexpr qint64 kMaxPhotoBytes = 20 * 1024 * 1024;
 
 QLabel *amount(const QString &name, QWidget *parent)
 {
@@ -34,6 +38,25 @@ QLabel *amount(const QString &name, QWidget *parent)
     label->setFrameStyle(QFrame::Panel | QFrame::Sunken);
     label->setMinimumWidth(90);
     return label;
+}
+
+// The picture in `path` when it is a regular file of at most 20 MB: a named pipe, a device or a
+// huge file would hold the dialog (reading is synchronous), so they count as no picture.
+QImage readPhoto(const QString &path)
+{
+    const QFileInfo info(path);
+    if (!info.isFile() || info.size() > kMaxPhotoBytes)
+        return {};
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    QByteArray bytes = file.read(kMaxPhotoBytes + 1);
+    if (bytes.size() > kMaxPhotoBytes)
+        return {};
+    QBuffer buffer(&bytes);
+    QImageReader reader(&buffer);
+    reader.setAutoTransform(true);
+    return reader.read();
 }
 
 void paint(QLabel *label, quint32 legacyColor)
@@ -98,13 +121,18 @@ frmBusqueda_Articulos_1::frmBusqueda_Articulos_1(QWidget *parent)
     m_layout->insertWidget(m_layout->indexOf(vsListado) + 1, fraExtendido);
     fraExtendido->setVisible(false);
     paint(lblDisponible, kDarkRed);
+    setEndGoesToLastRead(true);
     resize(720, 620);
 
     connect(vsListado->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this](const QModelIndex &current) {
                 if (Extendido() && m_model->rowCount() > 0 && current.isValid())
                     DevPropiedades(current.row());
+                else
+                    clearDetail();
             });
+    // Each search empties the grid first: the area is empty until a row is current again.
+    connect(m_model, &QAbstractItemModel::modelReset, this, &frmBusqueda_Articulos_1::clearDetail);
 }
 
 frmBusqueda_Articulos_1::~frmBusqueda_Articulos_1() = default;
@@ -157,13 +185,21 @@ QString frmBusqueda_Articulos_1::importe(double value)
     return value < 0 && digits != QLatin1String("0,00") ? u'-' + digits : digits;
 }
 
-// The detail area of grid row `row`: long description, stock, price and photo.
-void frmBusqueda_Articulos_1::DevPropiedades(int row)
+// No current article: amounts "0,00", no long description, no photo and nothing said of it.
+void frmBusqueda_Articulos_1::clearDetail()
 {
     for (QLabel *label : {lblStock, lblPendServir, lblDisponible, lblPendRecibir, lblPvp})
         label->setText(QStringLiteral("0,00"));
     paint(lblDisponible, kDarkRed);
     txtObserv->clear();
+    picFoto->clear();
+    lblFotoCargando->clear();
+}
+
+// The detail area of grid row `row`: long description, stock, price and photo.
+void frmBusqueda_Articulos_1::DevPropiedades(int row)
+{
+    clearDetail();
     const QString codeText = cell(row, 0);
     trapErrors(objectName() + QStringLiteral("::DevPropiedades"), [&] {
         const qint16 e = empresa();
@@ -237,7 +273,8 @@ double frmBusqueda_Articulos_1::price(qint16 e, const QString &code)
 }
 
 // The photo: "<<< Cargando imagen >>>" while it is read, then the picture alone; a file that
-// is missing, unreadable or not a picture leaves the picture empty and says so.
+// is missing, unreadable, not a picture, not a regular file or over 20 MB leaves the picture
+// empty and says so.
 void frmBusqueda_Articulos_1::showPhoto(const QString &code)
 {
     picFoto->clear();
@@ -245,9 +282,7 @@ void frmBusqueda_Articulos_1::showPhoto(const QString &code)
     if (!m_dirImagenArt.isEmpty() && !code.isEmpty()) {
         lblFotoCargando->setText(QStringLiteral("<<< Cargando imagen >>>"));
         lblFotoCargando->repaint();
-        QImageReader reader(m_dirImagenArt + code + QStringLiteral(".jpg"));
-        reader.setAutoTransform(true);
-        image = reader.read();
+        image = readPhoto(m_dirImagenArt + code + QStringLiteral(".jpg"));
     }
     if (image.isNull()) {
         lblFotoCargando->setText(QStringLiteral("<<< Imagen no disponible >>>"));

@@ -1,14 +1,16 @@
 // First article search: articles of the company by description, code, supplier reference,
-// supplier and families, listed by description with their principal barcode. In extended mode
+// supplier and families, listed by description with their principal barcode. End and Ctrl+End
+// go to the last row read (a page is read beyond it: the scrollbar shows when more exist). In extended mode
 // the description filter also searches the long description, and the detail area
 // (`fraExtendido`) shows the current article: its long description (`txtObserv`), its stock in
 // the dialog's warehouse (`lblStock`, `lblPendServir`, `lblDisponible` in dark red when 0 or
 // less and dark blue above, `lblPendRecibir`), its price for the dialog's customer (`lblPvp`:
 // the customer's own price in force today, else the customer's promotional tariff, else the
 // normal tariff, a zero price never counting) and its photo (`picFoto`: the company's image
-// folder, the code and ".jpg"; "<<< Imagen no disponible >>>" in `lblFotoCargando` when there is
-// no readable picture). A database failure there is shown titled
-// "frmBusqueda_Articulos_1::DevPropiedades"; the grid stays usable.
+// folder, the code and ".jpg", a regular file of at most 20 MB; "<<< Imagen no disponible >>>" in
+// `lblFotoCargando` when there is no such readable picture). A database failure there is shown titled
+// "frmBusqueda_Articulos_1::DevPropiedades"; the grid stays usable. While no row is current (a
+// search that found nothing, or failed) the area is empty: amounts "0,00", no text, no photo.
 #pragma once
 
 #include "varnel_controles_export.h"
@@ -43,6 +45,7 @@ protected:
 
 private:
     void DevPropiedades(int row);
+    void clearDetail();
     double price(qint16 empresa, const QString &code);
     void showPhoto(const QString &code);
 

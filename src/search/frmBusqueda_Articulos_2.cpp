@@ -129,6 +129,12 @@ QString frmBusqueda_Articulos_2::statement(qint16 empresa, qint16 almacen, const
 
 QString frmBusqueda_Articulos_2::statement(qint16 empresa, const FiltroArticulos &filtro)
 {
+    if (m_tarifasAlmacen != Almacen()) { // the dialog reused for another warehouse: its tariffs
+        trapErrors(objectName() + QStringLiteral("::Recuperar_Registros"), [&] {
+            load(empresa);
+            return true;
+        });
+    }
     m_ultimaInstruccion = statement(empresa, Almacen(), {m_tarifas[0].codigo, m_tarifas[1].codigo, m_tarifas[2].codigo},
                                     filtro.condiciones(FiltroArticulos::Segunda));
     m_ultimoCriterio = DevCriterio();
@@ -145,9 +151,11 @@ QStringList frmBusqueda_Articulos_2::rowCells(const Recordset &rs) const
 
 void frmBusqueda_Articulos_2::load(qint16 empresa)
 {
+    // Read once per warehouse: when it fails the search goes on with no tariffs, told once.
     m_tarifas = {};
+    m_tarifasAlmacen = Almacen();
     Recordset rs;
-    rs.open(tariffsStatement(empresa, Almacen()), ContextoDatos().conexion());
+    rs.open(tariffsStatement(empresa, m_tarifasAlmacen), ContextoDatos().conexion());
     for (size_t i = 0; i < m_tarifas.size() && !rs.eof(); ++i, rs.moveNext())
         m_tarifas[i] = {qint16(rs.field(QStringLiteral("Cod_Tarifa")).toInt()),
                         qint16(rs.field(QStringLiteral("Decimales")).toInt())};

@@ -3,7 +3,8 @@
 // prices in the first three tariffs of the dialog's warehouse ("Tarifa " and the tariff's code;
 // a slot the warehouse does not fill is tariff 0 and shows 0) and its stock there ("Stock Alm "
 // and the warehouse), numbers as the server writes them ("12,5"). The warehouse's tariffs are
-// read once, as the dialog opens. Rows are read as the grid needs them: a screenful and a page
+// read as the dialog opens, and again by a search whose warehouse is not the one they were read
+// for (a dialog reused with setAlmacen). Rows are read as the grid needs them: a screenful and a page
 // beyond, more as the clerk scrolls or pages; End goes to the last row read and Ctrl+End reads
 // to the end.
 #pragma once
@@ -64,7 +65,8 @@ public:
     /// The PDF path for the file destination.
     QString Fichero() const { return m_fichero; }
     void setFichero(const QString &value) { m_fichero = value; }
-    /// The warehouse's first three tariffs in ascending code, as read when the dialog opened.
+    /// The first three tariffs in ascending code of the warehouse of the last search (of the
+    /// dialog's warehouse as it opened, before any search).
     std::array<Tarifa, 3> Tarifas() const { return m_tarifas; }
 
     /// The search statement for the company, warehouse, tariff codes and conditions.
@@ -81,6 +83,7 @@ protected:
 
 private:
     std::array<Tarifa, 3> m_tarifas{};
+    qint16 m_tarifasAlmacen = -1; // the warehouse m_tarifas were read for; -1 before
     QString m_ultimaInstruccion;
     QString m_ultimoCriterio;
     QPushButton *cmdImprimir;

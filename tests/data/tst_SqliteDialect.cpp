@@ -60,7 +60,15 @@ private slots:
             "FROM Articulos a WHERE a.Cod_Empresa =1 AND a.Codigo LIKE '12345678901234567%'",
             "FROM Articulos a WHERE a.Cod_Empresa =1 AND (a.Codigo IN (SELECT Codigo FROM Articulos WHERE Cod_Empresa=1 AND "
             "(Codigo BETWEEN 12345678901234567 AND 12345678901234567 OR Codigo BETWEEN 123456789012345670 AND "
-            "123456789012345679)) AND a.Codigo LIKE '12345678901234567%')");
+            "123456789012345679 OR Codigo BETWEEN 1234567890123456700 AND 1234567890123456799)) AND a.Codigo LIKE "
+            "'12345678901234567%')");
+        QString nines = u"Codigo BETWEEN 9 AND 9"_s;
+        for (QString low = u"9"_s, high = low; low.size() < 18;)
+            nines += u" OR Codigo BETWEEN %1 AND %2"_s.arg(low += u'0', high += u'9');
+        row("code prefix 9: the last range ends at the largest 64-bit integer", "WHERE Codigo LIKE '9%'",
+            "WHERE ((" + nines + " OR Codigo BETWEEN 9000000000000000000 AND 9223372036854775807) AND Codigo LIKE '9%')");
+        row("19-digit code prefix", "WHERE Codigo LIKE '9223372036854775807%'", "WHERE ((Codigo BETWEEN "
+            "9223372036854775807 AND 9223372036854775807) AND Codigo LIKE '9223372036854775807%')");
         row("company not fixed beside an OR",
             "WHERE a.Cod_Empresa =1 OR a.Codigo IN (SELECT Cod_Articulo FROM R r WHERE r.Cod_Empresa=a.Cod_Empresa)",
             "WHERE a.Cod_Empresa =1 OR a.Codigo IN (SELECT Cod_Articulo FROM R r WHERE r.Cod_Empresa=a.Cod_Empresa)");

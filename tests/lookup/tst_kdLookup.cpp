@@ -9,9 +9,11 @@
 #include "support/TestDatabase.h"
 #include "support/Widgets.h"
 
+#include <QDataWidgetMapper>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QStandardItemModel>
 
 using namespace Varnel_Controles;
 
@@ -261,6 +263,11 @@ private slots:
         picker->setCEmpresa(db.empresa(1));
         int enters = 0;
         connect(picker, &kdFamilia::KeyPress, picker, [&](qint16 &k) { enters += k == 13; });
+        QStandardItemModel bound(1, 1); // a host form's mapper commits level 1 as the focus leaves the picker
+        QDataWidgetMapper mapper;
+        mapper.setModel(&bound);
+        mapper.addMapping(picker, 0);
+        mapper.toFirst();
         for (int n = 0; const QString &code : p.presets.split(u',', Qt::SkipEmptyParts))
             picker->setFamilia(++n, qint16(code.toInt()));
         db.statements.clear();
@@ -281,6 +288,7 @@ private slots:
         QCOMPARE(enters, p.enters);
         const QWidget *focus = QApplication::focusWidget();
         QCOMPARE(focus == after ? "after" : focus == before ? "before" : focus->objectName().right(1), p.focus);
+        QVERIFY((focus != after && focus != before) || bound.index(0, 0).data().toInt() == picker->Familia_1());
         QCOMPARE(picker->findChild<QWidget *>("txtFamilia2")->isEnabled(), picker->Familia_1() != 0); // only under a chosen one
         db.statements.clear(); // the company's titles, "Grupo" for the level it gives none
         QVERIFY(picker->Cargar());

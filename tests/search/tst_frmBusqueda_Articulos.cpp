@@ -21,6 +21,7 @@
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QTemporaryDir>
+#include <sys/stat.h>
 
 using namespace Varnel_Controles;
 
@@ -118,7 +119,7 @@ private slots:
                      "5|ÁGUILA DE BRONCE|6|62|621|||0|0|0|0", "6|aguja de coser|6|62|622|||0|0|0|0",
                      "7|ABANICO DE PAPEL|6|62|621|||0|0|0|0", "8|ABETO DE NAVIDAD|6|62|622|||0|0|0|0",
                      "4711|COLONIA FRESCA 100 ML|4|41|411|8470001234561||1,23457e+006|0|0|12,5"}};
-        QTest::newRow("2: a warehouse with one tariff") << Search{
+        QTest::newRow("2: a warehouse with one tariff, the dialog used before for warehouse 1") << Search{
             .layout = 2, .descripcion = "COL", .almacen = 2, .conditions = " AND a.Descripcion LIKE 'COL%'",
             .rows = {"4711|COLONIA FRESCA 100 ML|4|41|411|8470001234561||1,23457e+006|0|0|0"},
             .headers = {"Código", "Descripción", "", "", "", "Cód. Barras", "Ref. Princip.", "Tarifa 1", "Tarifa 0",
@@ -168,6 +169,8 @@ private slots:
             db.conexion()->execute(sql);
         const auto d = dialog(s.layout);
         d->setCEmpresa(db.empresa(1));
+        if (s.almacen != 1)
+            d->Recuperar_Registros();
         for (const auto &[name, value] : {std::pair{"Almacen", QVariant(s.almacen)}, {"Extendido", s.extendido},
                                           {"Busqueda_Descripcion", s.descripcion}, {"Busqueda_Codigo", s.codigo},
                                           {"Busqueda_Referencia", s.referencia}, {"Busqueda_Proveedor", s.proveedor},
@@ -189,7 +192,8 @@ private slots:
 
     // The detail area of the extended mode for the current row: the stock (available dark red at 0
     // or less), the price rules, the photo ("<<< Imagen no disponible >>>" alone when the file is
-    // missing, not a picture or unreadable); a failing query shown, the grid still usable.
+    // missing, not a picture or unreadable); a failing query shown, the grid still usable; emptied
+    // by a search that finds nothing.
     void detailAreaShowsStockAndPrice_data()
     {
         QTest::addColumn<Detail>("x");
@@ -197,7 +201,7 @@ private slots:
         const QString stock5 = "INSERT INTO Almacen_Articulos VALUES (1, 1, 5, %1, 5, 2)", tariff5 = "INSERT INTO "
             "Articulos_Tarifas VALUES (1, 5, 1, 3.5)", noOwn2 = "DELETE FROM Clientes_Art_PVP WHERE Cod_Articulo = 2";
         const QString none = "<<< Imagen no disponible >>>";
-        QTest::newRow("own price in force (first and last day today)") << Detail{1002, 5,
+        QTest::newRow("own price in force (first and last day today); the photo over 20 MB") << Detail{1002, 5,
             {own.arg(isoDay(0), isoDay(0)), stock5.arg(4), tariff5}, {"M", "S", "O"}, "4,00|5,00|-1,00|2,00|7,25||" + none, 192};
         QTest::newRow("own prices expired or not yet in force: the normal tariff") << Detail{1002, 5, {own.arg(isoDay(-30),
             isoDay(-1)), own.arg(isoDay(1), isoDay(30)), stock5.arg(6), tariff5}, {"M", "S", "O", "C", "T1"},
@@ -207,7 +211,7 @@ private slots:
         QTest::newRow("promotional price 0: the normal tariff") << Detail{1001, 2, {noOwn2, "UPDATE Articulos_Tarifas SET "
             "Pvp = 0 WHERE Cod_Articulo = 2 AND Cod_Tarifa = 3"}, {"M", "S", "O", "C", "T3", "T1"},
             "3,00|3,00|0,00|0,00|12,50|JUGUETE|" + none, 192};
-        QTest::newRow("no price at all; no stock row")
+        QTest::newRow("no price at all; no stock row; the photo a named pipe")
             << Detail{1005, 4, {}, {"M", "S", "O", "C"}, "0,00|0,00|0,00|0,00|0,00||" + none, 192};
         QTest::newRow("a failure shown; the photo a folder") << Detail{1005, 4711, {"ALTER TABLE Almacen_Articulos RENAME TO "
             "X"}, {"M", "S"}, "0,00|0,00|0,00|0,00|0,00||" + none, 192, "frmBusqueda_Articulos_1::DevPropiedades"};
@@ -221,12 +225,15 @@ private slots:
         Testing::ScriptedUi ui;
         for (const QString &sql : x.setup)
             db.conexion()->execute(sql);
-        QTemporaryDir photos; // 1 a picture, 2 not a picture, 4711 a folder, the others missing
-        QImage photo(40, 30, QImage::Format_RGB32);
+        QTemporaryDir photos; // 1 a picture, 2 not a picture, 4 a named pipe, 5 a picture over 20 MB,
+        QImage photo(40, 30, QImage::Format_RGB32); // 4711 a folder, the others missing
         photo.fill(Qt::darkCyan);
         QFile notAPicture(photos.filePath("2.jpg"));
         QVERIFY(photo.save(photos.filePath("1.jpg"), "JPG") && QDir(photos.path()).mkdir("4711.jpg")
-                && notAPicture.open(QIODevice::WriteOnly) && notAPicture.write("no es una imagen") > 0);
+                && notAPicture.open(QIODevice::WriteOnly) && notAPicture.write("no es una imagen") > 0
+                && ::mkfifo(QFile::encodeName(photos.filePath("4.jpg")).constData(), 0600) == 0
+                && QFile::copy(photos.filePath("1.jpg"), photos.filePath("5.jpg"))
+                && QFile::resize(photos.filePath("5.jpg"), 20 * 1024 * 1024 + 1));
         notAPicture.close();
         db.conexion()->execute("UPDATE Empresas SET DirImagenArt = '" + photos.path() + "/' WHERE Codigo = 1");
         frmBusqueda_Articulos_1 d;
@@ -258,6 +265,10 @@ private slots:
         QCOMPARE(ui.messages.value(0).title + QString::number(ui.messages.size()), x.message + (x.message.isEmpty() ? "0" : "1"));
         QTest::keyClick(gridOf(&d), Qt::Key_Return); // the grid stays usable
         QCOMPARE(d.Codigo(), QString::number(x.article));
+        d.setBusqueda_Codigo("99999"); // a search that finds nothing empties the area
+        d.Recuperar_Registros();
+        QCOMPARE(text(&d, "lblStock") + text(&d, "lblPvp") + d.findChild<QPlainTextEdit *>("txtObserv")->toPlainText()
+                     + text(&d, "lblFotoCargando") + QString::number(d.findChild<QLabel *>("picFoto")->pixmap().isNull()), "0,000,001");
     }
 
     // A clerk's search by the keys, in both layouts: F9, Enter from box to box until the
@@ -286,12 +297,18 @@ private slots:
         QTest::keyClicks(focus(), "nan");
         QTest::keyClick(focus(), Qt::Key_F9);
         QCOMPARE(focus(), gridOf(d.get())); // searched
-        QTest::keyClick(focus(), Qt::Key_Up); // from the first row back to the description, selected
+        QTest::keyClick(focus(), Qt::Key_Up); // from the first row back to the description (Down goes back), selected
+        QTest::keyClick(focus(), Qt::Key_Down);
+        QCOMPARE(focus()->objectName() + QString::number(gridOf(d.get())->Row()), "vsListado0");
+        QTest::keyClick(focus(), Qt::Key_Up);
         QCOMPARE(focus()->parentWidget(), name);
         QCOMPARE(name->SelLength(), 3);
         enter(); // to the code
         QTest::keyClicks(focus(), "3");
-        enter(); // to the supplier
+        enter(); // to the family picker (the order on screen), whose empty first level searches
+        QCOMPARE(focus()->objectName(), "txtFamilia1");
+        enter();
+        d->findChild<QWidget *>("txtProveedor")->setFocus();
         QTest::keyClicks(focus(), "1");
         enter(); // to the reference
         QTest::keyClicks(focus(), "shared");
@@ -333,13 +350,18 @@ private slots:
     }
 
     // On a demo catalogue: a description prefix seeks its index (as the SQLite dialect runs the
-    // statement), the first layout reading it in order, the second sorting only the codes found;
-    // the second layout's first screen holds a page beyond what it shows (scrolling reads on, as
-    // in every search), Ctrl+End reads to the end.
+    // statement; in extended mode the long description's too), the first layout reading it in
+    // order, the second sorting only the codes found; the second layout's first screen holds a
+    // page beyond what it shows (scrolling reads on, as in every search), Ctrl+End reads to the
+    // end; the first layout's Ctrl+End goes to the last row read, a page read beyond it.
     void onADemoCatalogue()
     {
         Testing::TestDatabase db(3000);
-        const FiltroArticulos filter{.descripcion = "TORN"};
+        const FiltroArticulos filter{.descripcion = "TORN"}, extended{.descripcion = "TORN", .extendido = true};
+        const QString plan = db.rows("EXPLAIN QUERY PLAN " + db.conexion()->adapt(frmBusqueda_Articulos_1::statement(1,
+                                     extended.condiciones(FiltroArticulos::Primera)))).join(u'\n'); // both seek
+        QVERIFY2(plan.contains("MULTI-INDEX OR") && plan.contains("IX_Articulos_Desc_Memo (Cod_Empresa=? AND Desc_Memo>? "
+                 "AND Desc_Memo<?)") && plan.contains("Descripcion>? AND Descripcion<?") && !plan.contains("SCAN a"), qPrintable(plan));
         for (const QString &sql : {frmBusqueda_Articulos_1::statement(1, filter.condiciones(FiltroArticulos::Primera)),
                                    frmBusqueda_Articulos_2::statement(1, 1, {1, 2, 3}, filter.condiciones(FiltroArticulos::Segunda))}) {
             const QString plan = db.rows("EXPLAIN QUERY PLAN " + db.conexion()->adapt(sql)).join(u'\n');
@@ -361,6 +383,13 @@ private slots:
         ui.cancelProgressAt(-1);
         QTest::keyClick(grid, Qt::Key_End, Qt::ControlModifier);
         QCOMPARE(grid->Rows() * 10000 + grid->Row(), all * 10000 + all - 1);
+        frmBusqueda_Articulos_1 first;
+        first.setCEmpresa(db.empresa(1));
+        QVERIFY(Testing::showActive(first));
+        QTest::keyClick(&first, Qt::Key_F9);
+        const int read = gridOf(&first)->Rows();
+        QTest::keyClick(gridOf(&first), Qt::Key_End, Qt::ControlModifier);
+        QVERIFY(gridOf(&first)->Row() == read - 1 && gridOf(&first)->Rows() > read && gridOf(&first)->Rows() < all);
     }
 };
 
