@@ -141,7 +141,7 @@ QSqlDatabase Conexion::database() const
     return QSqlDatabase::database(m_name, false);
 }
 
-int Conexion::currentSchema(const QSqlDatabase &db)
+void Conexion::refreshSchema(const QSqlDatabase &db)
 {
     sqlite3 *handle = *static_cast<sqlite3 *const *>(db.driver()->handle().constData());
     SchemaCheck &check = m_schemaChecks[handle];
@@ -164,7 +164,6 @@ int Conexion::currentSchema(const QSqlDatabase &db)
     if (rc != SQLITE_ROW)
         throw DbError::fromSql(QSqlError(QString(), QString::fromUtf8(sqlite3_errstr(rc)), QSqlError::StatementError,
                                          QString::number(rc)));
-    return version;
 }
 
 QSqlDatabase Conexion::readDatabase()

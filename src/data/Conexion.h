@@ -154,26 +154,19 @@ private:
 
     // Forward-only reads prepared once (SQLite): by reading connection and statement text with
     // its literals as parameters; a recordset takes one while open and gives it back on close.
-    // SQLite prepares a statement again by itself when another connection changed the schema,
-    // but only at its first step, after the driver sized its row for the old columns: each
-    // handle reloads the schema before a read once its version moved, and a prepared read is
-    // kept with the version it was prepared under, dropped when the file's version differs.
+    // Forward-only reads prepared once (SQLite): by reading connection and statement text with
+    // its literals as parameters; a recordset takes one while open and gives it back on close.
     friend class Recordset;
-    struct Prepared
-    {
-        QSqlQuery query;
-        int schema;
-    };
-    std::unordered_map<QString, std::vector<Prepared>> m_prepared;
+    std::unordered_map<QString, std::vector<QSqlQuery>> m_prepared;
     struct SchemaCheck
     {
         sqlite3_stmt *version = nullptr; // "PRAGMA schema_version"
         int seen = -1;                   // the version the handle's schema was loaded at
     };
     std::unordered_map<sqlite3 *, SchemaCheck> m_schemaChecks;
-    /// SQLite: the schema version of the file as `db` reads it now, the handle's schema brought up
-    /// to date first. Throws DbError when it cannot be read (the database locked past the wait).
-    int currentSchema(const QSqlDatabase &db);
+    /// SQLite: brings the schema `db` knows up to date with the file's (another workstation may
+    /// have changed a table). Throws DbError when the file cannot be read (locked past the wait).
+    void refreshSchema(const QSqlDatabase &db);
 };
 
 } // namespace Varnel_Controles

@@ -164,17 +164,20 @@ void Recordset::open(const QString &tsql, Conexion *connection)
     // On SQLite the statement is prepared once per text with its literals as parameters: a
     // lookup then costs its execution only.
     QVariantList values;
+    // Qt's driver sizes a row when a statement is prepared, SQLite notices a table changed by
+    // another connection only at the first step: a read whose columns follow the table ("*")
+    // brings the connection's schema up to date first, and is never kept prepared.
     const bool sqlite = connection->dialect() == Conexion::Sqlite;
-    const QString shape = sqlite ? parameterized(statement, values) : QString();
-    m_preparedSchema = sqlite ? connection->currentSchema(db) : 0;
+    const bool everyColumn = sqlite && statement.contains(u'*');
+    if (everyColumn)
+        connection->refreshSchema(db);
+    const QString shape = sqlite && !everyColumn ? parameterized(statement, values) : QString();
     bool done = false;
     if (!shape.isEmpty()) {
         m_preparedKey = db.connectionName() + u'\n' + shape;
-        std::vector<Conexion::Prepared> &free = connection->m_prepared[m_preparedKey];
-        if (!free.empty() && free.back().schema != m_preparedSchema)
-            free.clear(); // prepared under another schema
+        std::vector<QSqlQuery> &free = connection->m_prepared[m_preparedKey];
         if (!free.empty()) {
-            m_query = std::move(free.back().query);
+            m_query = std::move(free.back());
             free.pop_back();
             done = true;
         } else {
@@ -206,8 +209,8 @@ void Recordset::open(const QString &tsql, Conexion *connection)
 
 void Recordset::loadAll(const QString &adapted)
 {
-    if (m_connection->dialect() == Conexion::Sqlite)
-        m_connection->currentSchema(m_connection->database());
+    if (m_connection->dialect() == Conexion::Sqlite && adapted.contains(u'*'))
+        m_connection->refreshSchema(m_connection->database());
     QSqlQuery q(m_connection->database());
     q.setForwardOnly(true);
     if (!q.exec(adapted))
@@ -340,7 +343,7 @@ void Recordset::close()
             auto &cache = static_cast<Conexion *>(m_cacheOwner.data())->m_prepared;
             if (cache.size() > 256)
                 cache.clear();
-            cache[m_preparedKey].push_back({std::move(m_query), m_preparedSchema});
+            cache[m_preparedKey].push_back(std::move(m_query));
         }
     }
     m_preparedKey.clear();

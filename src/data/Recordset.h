@@ -79,7 +79,6 @@ private:
     QSqlQuery m_query;
     QSqlRecord m_columns; // forward-only: the names of the columns
     QString m_preparedKey;          // forward-only: the connection's prepared read it holds
-    int m_preparedSchema = 0;       // … the schema version it was prepared under
     QPointer<QObject> m_cacheOwner; // … and the connection it goes back to on close
     bool m_atEnd = true;
     // Keyset mode
