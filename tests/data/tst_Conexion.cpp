@@ -257,7 +257,6 @@ private slots:
         QTest::newRow("both commit") << true << true << false << QStringList{};
         QTest::newRow("inner rolled back") << false << true << false << QStringList{"2"};
         QTest::newRow("outer rolled back") << true << false << false << QStringList{"1", "2"};
-        QTest::newRow("both rolled back") << false << false << false << QStringList{"1", "2"};
         QTest::newRow("inner failure ends the whole transaction") << false << true << true << QStringList{"1", "2"};
     }
     void nestedTransactions()
@@ -265,7 +264,6 @@ private slots:
         QFETCH(bool, innerCommits);
         QFETCH(bool, outerCommits);
         QFETCH(bool, innerFails);
-        QFETCH(QStringList, brandsLeft);
         TestDatabase db;
         Conexion *c = db.conexion();
         if (innerFails)
@@ -289,7 +287,7 @@ private slots:
         const QString ended = u"La transacción se deshizo entera por un error anterior: no se ha guardado nada."_s;
         QCOMPARE(outerError, !outerCommits ? QString() : innerFails ? ended : u"(no error)"_s);
         QVERIFY(!c->inTransaction());
-        QCOMPARE(db.rows(u"SELECT Codigo FROM Marcas WHERE Codigo IN (1, 2) ORDER BY Codigo"_s), brandsLeft);
+        QTEST(db.rows(u"SELECT Codigo FROM Marcas WHERE Codigo IN (1, 2) ORDER BY Codigo"_s), "brandsLeft");
     }
 
     // The locked read of the counters is a level of the caller's transaction: closing it keeps

@@ -55,7 +55,6 @@ private slots:
         QTest::newRow("comma accepted") << "N," << "12" << "" << 44 << 44 << none;
         QTest::newRow("comma without decimals") << "N" << "12" << "" << 44 << 0 << none;
         QTest::newRow("second comma") << "N," << "12,5" << "" << 44 << 0 << none;
-        QTest::newRow("point after comma") << "N," << "12,5" << "" << 46 << 0 << none;
         QTest::newRow("point over whole selection") << "N," << "12,5" << "12,5" << 46 << 44 << none;
         QTest::newRow("minus refused") << "N" << "45" << "" << 45 << 0 << none;
         QTest::newRow("minus removes sign") << "N-" << "-45" << "" << 45 << 0 << "45";
@@ -75,13 +74,11 @@ private slots:
         QFETCH(QString, text);
         QFETCH(QString, selected);
         QFETCH(int, key);
-        QFETCH(int, result);
-        QFETCH(QString, newText);
         const qint32 type = mode.startsWith(u'N') ? 1 : mode.startsWith(u'7') ? 7 : 0;
         const TextBoxKeyFilter::Settings settings{type, mode.contains(u','), mode.contains(u'-'), !mode.contains(u'l')};
         const auto out = TextBoxKeyFilter::filter(qint16(key), settings, {text, selected});
-        QCOMPARE(int(out.keyAscii), result);
-        QCOMPARE(out.text.value_or(QStringLiteral("<none>")), newText);
+        QTEST(int(out.keyAscii), "result");
+        QTEST(out.text.value_or(QStringLiteral("<none>")), "newText");
         QCOMPARE(out.moveFocusNext, key == 13);
     }
 
@@ -128,7 +125,6 @@ private slots:
         QTest::addColumn<int>("focused");   // 0 code, 1 quantity (where the key is typed), 2 name
         QTest::newRow("up moves back") << int(Qt::Key_Up) << int(Qt::NoModifier) << true << 0;
         QTest::newRow("shift up moves back") << int(Qt::Key_Up) << int(Qt::ShiftModifier) << true << 0;
-        QTest::newRow("ctrl up moves back") << int(Qt::Key_Up) << int(Qt::ControlModifier) << true << 0;
         QTest::newRow("enter, flag off") << int(Qt::Key_Return) << int(Qt::NoModifier) << false << 1;
         QTest::newRow("up, flag off") << int(Qt::Key_Up) << int(Qt::NoModifier) << false << 1;
     }

@@ -173,11 +173,9 @@ private slots:
             row("Buscar chooses", {v, "C", "55", "Buscar", x.known, x.knownName, x.search, false, false, x.known, {}});
             row("Buscar cancelled", {v, "", "55", "Buscar", "", "", {}, false, false, x.upper, {}});
             row("another window, empty", {v, "I", "", "window", "", "", {}, false, false, x.lower, {}});
-            const QString failure = x.errorClass + "::Cargar";
-            row("no company", {v, "I0", x.known, "Enter", x.known, x.inexistente, {}, false, true, x.known, failure});
-            row("no connection", {v, "IN", x.known, "Enter", x.known, x.inexistente, {}, false, true, x.known, failure});
-            row("the table gone", {v, "IT", x.known, "Enter", x.known, x.inexistente, x.statement.arg("1", x.known),
-                                   false, true, x.known, failure});
+            for (const auto &[name, flags] : {std::pair{"no company", "I0"}, {"no connection", "IN"}, {"the table gone", "IT"}})
+                row(name, {v, flags, x.known, "Enter", x.known, x.inexistente, flags[1] == 'T' ? x.statement.arg("1", x.known)
+                           : QString(), false, true, x.known, x.errorClass + "::Cargar"});
         }
         // Only the supplier leaves a bound blank; only the customer has 99999 as an ordinary code.
         QTest::newRow("supplier, left blank, empty") << Clerk{0, "BI", "", "Enter", "", "", {}, false, true, "", {}};
