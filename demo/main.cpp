@@ -26,6 +26,7 @@
 #include <QStandardPaths>
 #include <QTextStream>
 #include <QTranslator>
+#include <memory>
 
 using namespace Varnel_Controles;
 
@@ -55,6 +56,10 @@ int main(int argc, char **argv)
     parser.process(app);
 
     const QString path = parser.value(database);
+    // Both go before the application object: Qt's register of connections goes with it, and a
+    // connection still open then would never be closed.
+    std::unique_ptr<Conexion> owner;
+    std::unique_ptr<cEmpresa> company;
     Conexion *conexion = nullptr;
     cEmpresa *empresa = nullptr;
     try {
@@ -64,8 +69,8 @@ int main(int argc, char **argv)
             QDir().mkpath(QFileInfo(path).absolutePath());
             Demo::generate(path);
         }
-        conexion = Conexion::open(QStringLiteral("sqlite:") + path, &app);
-        empresa = cEmpresa::Cargar(conexion, 1, &app);
+        owner.reset(conexion = Conexion::open(QStringLiteral("sqlite:") + path));
+        company.reset(empresa = cEmpresa::Cargar(conexion, 1));
         Conexion::setShared(conexion); // the library-wide connection of every control and dialog
     } catch (const DbError &e) {
         err << e.Description() << "\n";

@@ -35,7 +35,8 @@ public:
     /// An SQLite file that this user cannot write (or in a folder it cannot write) opens
     /// read-only; a database locked by another workstation fails after the busy wait.
     /// An SQLite file must be a company database (an SQLite file with the Empresas table); an
-    /// empty or foreign file is refused untouched.
+    /// empty or foreign file is refused untouched. Delete it before the application object:
+    /// Qt's register of connections goes with that, and a connection still open then stays open.
     static Conexion *open(const QString &url, QObject *parent = nullptr);
     /// Creates (or opens) an SQLite database file, creating it when missing.
     static Conexion *createSqlite(const QString &path, QObject *parent = nullptr);
