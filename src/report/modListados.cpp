@@ -10,6 +10,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QDateTime>
 #include <QFileInfo>
 #include <QPdfWriter>
 #include <QPointer>
@@ -22,6 +23,7 @@
 #include <QTemporaryDir>
 
 #include <cups/cups.h>
+#include <unistd.h>
 
 namespace Varnel_Controles::modListados {
 
@@ -282,6 +284,18 @@ QString attachmentName(const QString &titulo)
     return (name.isEmpty() ? QStringLiteral("Listado") : name.left(80)) + QStringLiteral(".pdf");
 }
 
+const QString kCarpetaCorreo = QStringLiteral("varnel-correo-");
+
+// The folders of this user's attachments sent more than a day ago: their composers have long read them.
+void removeOldAttachments()
+{
+    const QDateTime limit = QDateTime::currentDateTime().addDays(-1);
+    const QFileInfoList folders = QDir(QDir::tempPath()).entryInfoList({kCarpetaCorreo + u'*'}, QDir::Dirs | QDir::NoSymLinks | QDir::NoDotAndDotDot);
+    for (const QFileInfo &folder : folders)
+        if (folder.ownerId() == ::getuid() && folder.lastModified() < limit)
+            QDir(folder.absoluteFilePath()).removeRecursively();
+}
+
 bool toEMail(const clsListado &listado)
 {
     const QString title = tituloDe(kdEMail);
@@ -291,8 +305,10 @@ bool toEMail(const clsListado &listado)
                                     "xdg-email (paquete xdg-utils), que abre el programa de correo. Guarde el listado "
                                     "en un fichero y adjúntelo a un mensaje."),
                      title);
-    // The mail composer reads the attachment after xdg-email returns: the folder stays.
-    QTemporaryDir dir(QDir::tempPath() + QStringLiteral("/varnel-listado-XXXXXX"));
+    // The mail composer reads the attachment after xdg-email returns: the folder stays, and goes
+    // with the next message sent a day later.
+    removeOldAttachments();
+    QTemporaryDir dir(QDir::tempPath() + u'/' + kCarpetaCorreo + QStringLiteral("XXXXXX"));
     QFile pdf(dir.filePath(attachmentName(listado.Titulo())));
     if (!dir.isValid() || !pdf.open(QIODevice::WriteOnly))
         return aviso(QStringLiteral("No se puede preparar el adjunto: la carpeta temporal no admite ficheros (%1).")

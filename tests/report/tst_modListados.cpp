@@ -196,6 +196,9 @@ private Q_SLOTS:
                          || (::geteuid() == 0 && QProcess::execute(QStringLiteral("chattr"), chattr) != 0)))
             QSKIP("no read-only file here");
         const QStringList before = QDir(tmp.path()).entryList(QDir::Files);
+        const QString old = QDir::tempPath() + "/varnel-correo-antiguo"; // a message sent two days ago
+        if (destino == kdEMail && target == QLatin1String("0"))
+            QVERIFY(QDir().mkpath(old) && QProcess::execute("/usr/bin/touch", {"-d", "2 days ago", old}) == 0);
         clsListado l = lista(400);
         l.setTitulo(QStringLiteral("Listado de prueba, de O'Brien")); // the attachment: letters, digits, blanks, - and _
         const bool delivered = modListados::Imprimir(l, enmDestination(destino), target, target);
@@ -217,6 +220,8 @@ private Q_SLOTS:
             QVERIFY(args.open(QIODevice::ReadOnly));
             const auto attached = QRegularExpression(QStringLiteral("--attach\n(/.+/Listado de prueba_ de O_Brien\\.pdf)\n")).match(args.readAll());
             QVERIFY(pdfText(attached.captured(1)).contains(QStringLiteral("Página 1 de")));
+            QVERIFY(!QFileInfo::exists(old)); // its attachment's folder goes, this one's stays
+            QDir(QFileInfo(attached.captured(1)).path()).removeRecursively();
         }
     }
 
